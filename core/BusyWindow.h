@@ -1,0 +1,19 @@
+// What a long operation may do to the window it runs in: its caption and its pointer. The
+// operations themselves know no window.
+#pragma once
+
+#include <string>
+
+namespace tallyrun {
+
+enum class PointerShape { Normal, Hourglass };
+
+class BusyWindow {
+ public:
+  virtual ~BusyWindow() = default;
+  virtual std::string Caption() const = 0;
+  virtual void SetCaption(const std::string& caption) = 0;
+  virtual void SetPointer(PointerShape shape) = 0;
+};
+
+}  // namespace tallyrun

@@ -1,0 +1,137 @@
+// A grid's data: cell texts, column widths, the current cell, the selected block and the scroll
+// position. Knows no window; a view observes it and paints. Row 0 holds the captions; rows and
+// columns count from 0. Indexing outside the grid raises SubscriptOutOfRange.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/TextMeasurer.h"
+#include "core/TextPool.h"
+
+namespace tallyrun {
+
+// A cell's content: the number of a text in the grid's pool or, with the top bit set, a plain
+// decimal number itself. Equal texts have equal values within one grid. Valid until the grid's
+// rows or columns are next resized.
+enum class CellValue : std::uint32_t { Empty = 0 };
+
+// Room for the digits of a cell that is held as a number.
+using CellScratch = std::array<char, 12>;
+
+// Told of changes by the grid it watches.
+class FlexGridObserver {
+ public:
+  virtual ~FlexGridObserver() = default;
+  // Something that is painted has changed. Told once; not again until TakeChanges().
+  virtual void GridChanged() = 0;
+  // The first visible row or column has changed; told at once, every time.
+  virtual void GridScrolled() = 0;
+};
+
+class FlexGrid {
+ public:
+  FlexGrid();
+  FlexGrid(const FlexGrid&) = delete;
+  FlexGrid& operator=(const FlexGrid&) = delete;
+
+  int Rows() const { return rows_; }
+  int Cols() const { return cols_; }
+  // New cells are empty; the current cell and the selection are drawn back inside. At least the
+  // caption row and one column stay: less raises InvalidCall.
+  void SetRows(int rows);
+  void SetCols(int cols);
+  void RemoveRows(int first, int last);
+
+  std::string Text(int row, int col) const;
+  void SetText(int row, int col, std::string_view text);
+  // The text without a copy; `scratch` holds it when the cell is a number.
+  std::string_view View(int row, int col, CellScratch& scratch) const {
+    return View(Cell(row, col), scratch);
+  }
+  std::string_view View(CellValue value, CellScratch& scratch) const;
+
+  CellValue Cell(int row, int col) const { return cells_[IndexOf(row, col)]; }
+  void SetCell(int row, int col, CellValue value) {
+    cells_[IndexOf(row, col)] = value;
+    MarkChanged();
+  }
+  CellValue Intern(std::string_view text);
+  // The texts a cell can hold: every CellValue that is no number lies below this.
+  std::size_t DistinctTexts() const { return pool_.Size(); }
+
+  // Puts the data rows into a new order: row 1 + i becomes what row order[i] was. `order` holds
+  // every data row once.
+  void ReorderRows(const std::vector<std::uint32_t>& order);
+
+  // Column widths in twips.
+  int ColWidth(int col) const;
+  void SetColWidth(int col, int twips);
+  const TextMeasurer& Measurer() const { return measurer_; }
+  void SetMeasurer(const TextMeasurer& measurer) { measurer_ = measurer; }
+
+  // The current cell. Setting either collapses the selection to it.
+  int Row() const { return row_; }
+  int Col() const { return col_; }
+  void SetRow(int row);
+  void SetCol(int col);
+  // The selection's other corner; may lie above or left of the current cell.
+  int RowSel() const { return rowSel_; }
+  int ColSel() const { return colSel_; }
+  void SetRowSel(int row);
+  void SetColSel(int col);
+  // The whole row, its first cell current.
+  void SelectRow(int row);
+
+  // The first visible data row (from 1) and column. Setting never scrolls past the row that
+  // still fills the window.
+  int TopRow() const { return topRow_; }
+  void SetTopRow(int row);
+  int LeftCol() const { return leftCol_; }
+  void SetLeftCol(int col);
+  // Whole rows that the view has room for; given by the view.
+  int PageRows() const { return pageRows_; }
+  void SetPageRows(int rows);
+  bool IsRowVisible(int row) const { return row >= topRow_ && row < topRow_ + pageRows_; }
+
+  // The observer must outlive the grid or be taken off with nullptr.
+  void SetObserver(FlexGridObserver* observer) { observer_ = observer; }
+  // True when anything changed since the last call; arms GridChanged again.
+  bool TakeChanges();
+
+ private:
+  std::size_t IndexOf(int row, int col) const;
+  void RequireRow(int row) const;
+  void RequireCol(int col) const;
+  void MarkChanged() {
+    if (changed_) return;
+    changed_ = true;
+    if (observer_ != nullptr) observer_->GridChanged();
+  }
+  int MaxTopRow() const;
+  void DrawInside();
+  void CompactPool();
+
+  int rows_ = 1;
+  int cols_ = 1;
+  std::vector<CellValue> cells_;  // row after row
+  TextPool pool_;
+  std::vector<int> colWidths_;
+  TextMeasurer measurer_;
+
+  int row_ = 0;
+  int col_ = 0;
+  int rowSel_ = 0;
+  int colSel_ = 0;
+  int topRow_ = 1;
+  int leftCol_ = 0;
+  int pageRows_ = 1;
+
+  FlexGridObserver* observer_ = nullptr;
+  bool changed_ = false;
+};
+
+}  // namespace tallyrun

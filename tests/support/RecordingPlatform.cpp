@@ -1,0 +1,78 @@
+#include "tests/support/RecordingPlatform.h"
+
+#include <gtest/gtest.h>
+
+namespace tallyrun::testing {
+namespace {
+
+class EndedProcess : public Process {
+ public:
+  std::optional<unsigned long> ExitCode() override { return 0; }
+};
+
+template <class T>
+T TakeFront(std::deque<T>& prepared, T otherwise) {
+  if (prepared.empty()) return otherwise;
+  T front = std::move(prepared.front());
+  prepared.pop_front();
+  return front;
+}
+
+Platform* recordingInUse = nullptr;
+
+}  // namespace
+
+RecordingPlatform::RecordingPlatform() : previous_(recordingInUse) {
+  recordingInUse = this;
+  SetPlatform(this);
+}
+
+RecordingPlatform::~RecordingPlatform() {
+  recordingInUse = previous_;
+  SetPlatform(previous_);
+}
+
+Message RecordingPlatform::TakeMessage() {
+  EXPECT_EQ(messages.size(), 1u);
+  Message message = messages.empty() ? Message{} : messages.back();
+  messages.clear();
+  return message;
+}
+
+MessageAnswer RecordingPlatform::ShowMessage(const Message& message) {
+  messages.push_back(message);
+  if (onMessage) onMessage(message);
+  if (message.buttons == MessageButtons::Ok) return MessageAnswer::Ok;
+  return TakeFront(answers, MessageAnswer::No);
+}
+
+ClockTime RecordingPlatform::Now() { return now; }
+
+std::optional<std::string> RecordingPlatform::AskForFile(const FileDialogRequest& request) {
+  fileRequests.push_back(request);
+  return TakeFront<std::optional<std::string>>(files, std::nullopt);
+}
+
+std::string RecordingPlatform::AskForFolder(const std::string& prompt,
+                                            const std::string& startFolder) {
+  folderRequests.push_back({prompt, startFolder});
+  return TakeFront<std::string>(folders, "");
+}
+
+std::unique_ptr<Process> RecordingPlatform::StartProcess(const std::string& commandLine,
+                                                         WindowMode mode) {
+  started.push_back({commandLine, mode});
+  return onStart ? onStart(commandLine, mode) : std::make_unique<EndedProcess>();
+}
+
+void RecordingPlatform::ProcessPendingEvents() {
+  if (onPendingEvents) onPendingEvents();
+}
+
+std::string RecordingPlatform::AmPmDesignator(int hour) { return hour < 12 ? "AM" : "PM"; }
+
+std::string RecordingPlatform::ProgramFolder() { return programFolder; }
+
+void RecordingPlatform::EndProgram() { throw ProgramEnded{}; }
+
+}  // namespace tallyrun::testing
