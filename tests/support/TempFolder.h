@@ -1,0 +1,36 @@
+// A folder of a test's own, made empty and removed with everything in it.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <string_view>
+
+namespace tallyrun::testing {
+
+class TempFolder {
+ public:
+  TempFolder();
+  ~TempFolder();
+  TempFolder(const TempFolder&) = delete;
+  TempFolder& operator=(const TempFolder&) = delete;
+
+  // With a trailing backslash, as a Backup Location has it, on every system.
+  std::string Path() const;
+  // The path of `name` in the folder.
+  std::string operator/(std::string_view name) const;
+
+  // The file as bytes. Write makes the folders that `name` names. Both are apart from the file
+  // routines under test; a failure fails the test.
+  void Write(std::string_view name, std::string_view text) const;
+  std::string Read(std::string_view name) const;
+  bool Has(std::string_view name) const;
+  // How many files and folders lie in it.
+  int EntryCount() const;
+
+ private:
+  std::filesystem::path Native(std::string_view name) const;
+
+  std::filesystem::path root_;
+};
+
+}  // namespace tallyrun::testing
