@@ -1,0 +1,107 @@
+#include <algorithm>
+#include <gmock/gmock.h>
+#include <random>
+
+#include "core/Conversion.h"
+#include "core/EntryRow.h"
+#include "core/SortGrid.h"
+#include "tests/support/GridText.h"
+
+namespace tallyrun {
+namespace {
+
+using testing::ColumnOf;
+using ::testing::ElementsAre;
+using testing::EntryCells;
+using testing::FillRows;
+using testing::RowsOf;
+
+std::string Entry(std::string_view boId, std::string_view client, std::string_view isin,
+                  std::string_view quantity, std::string_view ref) {
+  return EntryCells({{EntryColumn::kSerial, "9"},
+                     {EntryColumn::kBoId, boId},
+                     {EntryColumn::kClientCode, client},
+                     {EntryColumn::kIsinCode, isin},
+                     {EntryColumn::kQuantity, quantity},
+                     {EntryColumn::kInternalRef, ref}});
+}
+
+TEST(SortGridTest, EntriesStandByBoClientIsinThenLargerQuantityFirst) {
+  FlexGrid grid;
+  grid.SetCols(EntryColumn::kCount);
+  FillRows(grid, {
+                     Entry("2", "A", "X", "5", "last of X"),
+                     Entry("2", "A", "W", "1", "W"),
+                     Entry("10", "B", "X", "1", "BO as text"),
+                     Entry("2", "A", "X", "40", "first of X"),
+                     Entry("2", "a", "A", "1", "lower case after upper"),
+                     Entry("2", "A", "X", "5", "stable"),
+                     Entry("2", "A", "X", "1e1", "ten"),
+                     Entry("2", "A", "X", "none", "no number counts as 0"),
+                     Entry("2", "A", "X", "-1", "negative"),
+                 });
+  SortEntries(grid);
+  EXPECT_THAT(ColumnOf(grid, EntryColumn::kInternalRef),
+              ElementsAre("BO as text", "W", "first of X", "ten", "last of X", "stable",
+                          "no number counts as 0", "negative", "lower case after upper"));
+  EXPECT_THAT(ColumnOf(grid, EntryColumn::kSerial),
+              ElementsAre("1", "2", "3", "4", "5", "6", "7", "8", "9"));
+}
+
+TEST(SortGridTest, WidensTheSerialColumnForTheRenumberedRows) {
+  FlexGrid grid;
+  grid.SetCols(EntryColumn::kCount);
+  grid.SetMeasurer(TextMeasurer::FixedWidth(100));
+  grid.SetColWidth(0, 300);
+  FillRows(grid, std::vector<std::string>(10, Entry("1", "", "", "", "")));
+  SortEntries(grid);
+  EXPECT_EQ(grid.ColWidth(0), 400);
+}
+
+// The order that sorting by the last key first, each time stably, gives row by row.
+std::vector<std::string> PlainlySorted(const FlexGrid& grid, const std::vector<SortKey>& keys) {
+  std::vector<int> rows;
+  for (int row = 1; row < grid.Rows(); ++row) rows.push_back(row);
+  for (auto key = keys.rbegin(); key != keys.rend(); ++key) {
+    std::stable_sort(rows.begin(), rows.end(), [&](int left, int right) {
+      if (key->descending) std::swap(left, right);
+      const std::string leftText = grid.Text(left, key->col);
+      const std::string rightText = grid.Text(right, key->col);
+      if (!key->numeric) return leftText < rightText;
+      return (IsNumeric(leftText) ? ToDouble(leftText) : 0) <
+             (IsNumeric(rightText) ? ToDouble(rightText) : 0);
+    });
+  }
+  const std::vector<std::string> all = RowsOf(grid);
+  std::vector<std::string> sorted;
+  for (const int row : rows) sorted.push_back(all[static_cast<std::size_t>(row) - 1]);
+  return sorted;
+}
+
+TEST(SortGridTest, AgreesWithAPlainSortOnRandomRows) {
+  const std::vector<std::string> texts = {"",  "0",    "00", "7",   "07", "10", "9",
+                                          "a", "\xE9", "A",  "1.5", "-3", "x",  "999999999999"};
+  for (unsigned seed = 1; seed <= 200; ++seed) {
+    SCOPED_TRACE(seed);
+    std::mt19937 random(seed);
+    const auto pick = [&](std::size_t count) { return random() % count; };
+    FlexGrid grid;
+    grid.SetCols(4);
+    std::vector<std::string> rows;
+    for (std::size_t row = 0, count = pick(40); row < count; ++row) {
+      rows.push_back(std::to_string(row) + "|" + texts[pick(texts.size())] + "|" + texts[pick(4)] +
+                     "|" + texts[pick(texts.size())]);
+    }
+    FillRows(grid, rows);
+    std::vector<SortKey> keys;
+    for (std::size_t key = 0; key < 3; ++key) {
+      keys.push_back({static_cast<int>(1 + pick(3)), pick(2) == 0, pick(2) == 0});
+    }
+    const std::vector<std::string> expected = PlainlySorted(grid, keys);
+    SortGrid(grid, keys);
+    EXPECT_EQ(RowsOf(grid), expected);
+  }
+}
+
+}  // namespace
+}  // namespace tallyrun

@@ -1,0 +1,1 @@
+list(APPEND portable_tests core/GridRowsTest.cpp core/SortGridTest.cpp)
