@@ -1,0 +1,75 @@
+// What the resource section of a program must hold: linked into this one as into Tallyrun.exe.
+#include <windows.h>
+
+#include <string>
+
+#include "core/Application.h"
+#include "gmock/gmock.h"
+#include "resources/ResourceIds.h"
+
+namespace tallyrun {
+namespace {
+
+using ::testing::HasSubstr;
+using ::testing::Not;
+
+// The bytes of a resource of this program; empty when there is none.
+std::string ResourceBytes(int id, LPCSTR type) {
+  HRSRC found = FindResourceA(nullptr, MAKEINTRESOURCEA(id), type);
+  if (found == nullptr) return {};
+  const void* data = LockResource(LoadResource(nullptr, found));
+  return {static_cast<const char*>(data), SizeofResource(nullptr, found)};
+}
+
+TEST(ResourceTest, ManifestAsksForControlsScalingAndNoMore) {
+  const std::string manifest = ResourceBytes(1, RT_MANIFEST);
+  EXPECT_THAT(manifest, HasSubstr("Microsoft.Windows.Common-Controls"));
+  EXPECT_THAT(manifest, HasSubstr("PerMonitorV2, PerMonitor, System"));
+  EXPECT_THAT(manifest, HasSubstr(">true/pm<"));
+  EXPECT_THAT(manifest, HasSubstr("level=\"asInvoker\""));
+  // Text stays in the system's code page, and with it every file the program reads.
+  EXPECT_THAT(manifest, Not(HasSubstr("<activeCodePage")));
+}
+
+TEST(ResourceTest, ManifestBringsTheThemedControls) {
+  // Two libraries answer to this name; the one that the manifest asks for lies in a folder of its
+  // own among the side-by-side assemblies.
+  HMODULE controls = LoadLibraryA("comctl32.dll");
+  ASSERT_NE(controls, nullptr);
+  std::string path(MAX_PATH, '\0');
+  path.resize(GetModuleFileNameA(controls, path.data(), MAX_PATH));
+  FreeLibrary(controls);
+  CharLowerA(path.data());
+  EXPECT_THAT(path, HasSubstr("\\winsxs\\"));
+  EXPECT_THAT(path, HasSubstr("common-controls"));
+}
+
+TEST(ResourceTest, VersionIsTheOneThatCaptionsShow) {
+  const std::string version = ResourceBytes(VS_VERSION_INFO, RT_VERSION);
+  const std::string signature = "\xBD\x04\xEF\xFE";
+  const size_t at = version.find(signature);
+  ASSERT_NE(at, std::string::npos);
+  VS_FIXEDFILEINFO info{};
+  ASSERT_LE(at + sizeof info, version.size());
+  version.copy(reinterpret_cast<char*>(&info), sizeof info, at);
+  EXPECT_EQ(HIWORD(info.dwFileVersionMS), kMajorVersion);
+  EXPECT_EQ(HIWORD(info.dwFileVersionLS), kRevision);
+  EXPECT_EQ(info.dwFileVersionMS, info.dwProductVersionMS);
+  EXPECT_EQ(info.dwFileVersionLS, info.dwProductVersionLS);
+}
+
+TEST(ResourceTest, IconHasTheSizesOfTitleBarTaskBarAndFolder) {
+  HINSTANCE self = GetModuleHandleA(nullptr);
+  for (int size : {16, 20, 24, 32, 40, 48, 64, 256}) {
+    HICON icon = static_cast<HICON>(
+        LoadImageA(self, MAKEINTRESOURCEA(TALLYRUN_ICON), IMAGE_ICON, size, size, 0));
+    ASSERT_NE(icon, nullptr) << size;
+    DestroyIcon(icon);
+  }
+  const std::string directory = ResourceBytes(TALLYRUN_ICON, RT_GROUP_ICON);
+  ASSERT_GE(directory.size(), 6u);
+  EXPECT_EQ(directory[4], 8);  // the number of sizes, none left to stretching
+}
+
+}  // namespace
+}  // namespace tallyrun

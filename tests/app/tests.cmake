@@ -1,0 +1,1 @@
+list(APPEND windows_tests app/ResourceTest.cpp)
