@@ -35,31 +35,14 @@ FlexGrid::FlexGrid()
       colWidths_(1, kDefaultColWidth),
       measurer_(TextMeasurer::FixedWidth(kDefaultCharacterWidth)) {}
 
-void FlexGrid::RequireRow(int row) const {
-  if (row < 0 || row >= rows_) throw RuntimeError(ErrorKind::SubscriptOutOfRange);
-}
-
-void FlexGrid::RequireCol(int col) const {
-  if (col < 0 || col >= cols_) throw RuntimeError(ErrorKind::SubscriptOutOfRange);
-}
-
-std::size_t FlexGrid::IndexOf(int row, int col) const {
-  RequireRow(row);
-  RequireCol(col);
-  return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) +
-         static_cast<std::size_t>(col);
-}
+void FlexGrid::RaiseOutOfRange() { throw RuntimeError(ErrorKind::SubscriptOutOfRange); }
 
 void FlexGrid::SetRows(int rows) {
   if (rows < 1) throw RuntimeError(ErrorKind::InvalidCall);
-  const std::size_t cells = static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols_);
-  const bool shrinksMuch = cells < cells_.size() / 4;
-  cells_.resize(cells, CellValue::Empty);
-  if (shrinksMuch) cells_.shrink_to_fit();
+  cells_.resize(static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols_), CellValue::Empty);
   rows_ = rows;
-  if (pool_.Size() > kSmallPool && pool_.Size() / 4 > cells) CompactPool();
-  DrawInside();
-  MarkChanged();
+  DrawInside(topRow_);
+  ReleaseUnused();
 }
 
 void FlexGrid::SetCols(int cols) {
@@ -67,19 +50,17 @@ void FlexGrid::SetCols(int cols) {
   if (cols != cols_) {
     std::vector<CellValue> reshaped(
         static_cast<std::size_t>(rows_) * static_cast<std::size_t>(cols), CellValue::Empty);
-    const int kept = std::min(cols, cols_);
-    for (int row = 0; row < rows_; ++row) {
-      const auto from = cells_.begin() + static_cast<std::ptrdiff_t>(IndexOf(row, 0));
-      std::copy_n(
-          from, kept,
-          reshaped.begin() + static_cast<std::ptrdiff_t>(row) * static_cast<std::ptrdiff_t>(cols));
+    auto from = cells_.cbegin();
+    auto to = reshaped.begin();
+    for (int row = 0; row < rows_; ++row, from += cols_, to += cols) {
+      std::copy_n(from, std::min(cols, cols_), to);
     }
+    colWidths_.resize(static_cast<std::size_t>(cols), kDefaultColWidth);
     cells_ = std::move(reshaped);
     cols_ = cols;
-    colWidths_.resize(static_cast<std::size_t>(cols), kDefaultColWidth);
   }
-  DrawInside();
-  MarkChanged();
+  DrawInside(topRow_);
+  ReleaseUnused();
 }
 
 void FlexGrid::RemoveRows(int first, int last) {
@@ -89,9 +70,18 @@ void FlexGrid::RemoveRows(int first, int last) {
   const auto begin = cells_.begin() + static_cast<std::ptrdiff_t>(IndexOf(first, 0));
   const auto end = cells_.begin() + static_cast<std::ptrdiff_t>(IndexOf(last, 0)) + cols_;
   cells_.erase(begin, end);
-  rows_ -= last - first + 1;
-  DrawInside();
-  MarkChanged();
+  const int removed = last - first + 1;
+  rows_ -= removed;
+  int top = topRow_;
+  for (int* const row : {&row_, &rowSel_, &top}) {
+    if (*row > last) {
+      *row -= removed;
+    } else if (*row > first) {
+      *row = first;
+    }
+  }
+  DrawInside(top);
+  ReleaseUnused();
 }
 
 std::string FlexGrid::Text(int row, int col) const {
@@ -126,8 +116,8 @@ void FlexGrid::ReorderRows(const std::vector<std::uint32_t>& order) {
   sorted.reserve(cells_.size());
   sorted.insert(sorted.end(), cells_.begin(), cells_.begin() + cols_);
   for (const std::uint32_t row : order) {
-    const auto from =
-        cells_.begin() + static_cast<std::ptrdiff_t>(IndexOf(static_cast<int>(row), 0));
+    if (row < 1 || row > order.size()) RaiseOutOfRange();
+    const auto from = cells_.begin() + static_cast<std::ptrdiff_t>(row) * cols_;
     sorted.insert(sorted.end(), from, from + cols_);
   }
   cells_ = std::move(sorted);
@@ -208,23 +198,31 @@ bool FlexGrid::TakeChanges() {
   return changed;
 }
 
-void FlexGrid::DrawInside() {
-  row_ = std::min(row_, rows_ - 1);
-  rowSel_ = std::min(rowSel_, rows_ - 1);
+void FlexGrid::DrawInside(int topRow) {
+  // While there is a data row, the captions are no place for the current cell.
+  const int firstRow = rows_ > 1 ? 1 : 0;
+  row_ = std::clamp(row_, firstRow, rows_ - 1);
+  rowSel_ = std::clamp(rowSel_, firstRow, rows_ - 1);
   col_ = std::min(col_, cols_ - 1);
   colSel_ = std::min(colSel_, cols_ - 1);
-  if (row_ == 0 && rows_ > 1) row_ = rowSel_ = 1;
-  SetTopRow(topRow_);
+  MarkChanged();
+  SetTopRow(topRow);
   SetLeftCol(leftCol_);
 }
 
-void FlexGrid::CompactPool() {
-  TextPool compact;
-  for (CellValue& cell : cells_) {
+// Gives back what a much larger sheet left behind. Happens at most once per quartering, so that
+// taking rows off one by one stays cheap.
+void FlexGrid::ReleaseUnused() {
+  if (cells_.size() < cells_.capacity() / 4) cells_.shrink_to_fit();
+  if (pool_.Size() <= kSmallPool || pool_.Size() / 4 <= cells_.size()) return;
+  TextPool pool;
+  std::vector<CellValue> cells = cells_;
+  for (CellValue& cell : cells) {
     const std::uint32_t bits = static_cast<std::uint32_t>(cell);
-    if ((bits & kNumberBit) == 0) cell = static_cast<CellValue>(compact.Intern(pool_.View(bits)));
+    if ((bits & kNumberBit) == 0) cell = static_cast<CellValue>(pool.Intern(pool_.View(bits)));
   }
-  pool_ = std::move(compact);
+  pool_ = std::move(pool);
+  cells_ = std::move(cells);
 }
 
 }  // namespace tallyrun

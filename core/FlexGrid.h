@@ -44,6 +44,8 @@ class FlexGrid {
   // caption row and one column stay: less raises InvalidCall.
   void SetRows(int rows);
   void SetCols(int cols);
+  // Takes out data rows `first` to `last`. What stood on a later row moves up with it; what stood
+  // on a removed one comes to stand on the row that took its place.
   void RemoveRows(int first, int last);
 
   std::string Text(int row, int col) const;
@@ -86,8 +88,8 @@ class FlexGrid {
   // The whole row, its first cell current.
   void SelectRow(int row);
 
-  // The first visible data row (from 1) and column. Setting never scrolls past the row that
-  // still fills the window.
+  // The first visible data row (from 1) and column. Setting clamps: never past the row that still
+  // fills the window, nor past the last column.
   int TopRow() const { return topRow_; }
   void SetTopRow(int row);
   int LeftCol() const { return leftCol_; }
@@ -103,17 +105,28 @@ class FlexGrid {
   bool TakeChanges();
 
  private:
-  std::size_t IndexOf(int row, int col) const;
-  void RequireRow(int row) const;
-  void RequireCol(int col) const;
+  // One comparison a side, negative numbers included: this stands in every loop over cells.
+  std::size_t IndexOf(int row, int col) const {
+    RequireRow(row);
+    RequireCol(col);
+    return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) +
+           static_cast<std::size_t>(col);
+  }
+  void RequireRow(int row) const {
+    if (static_cast<unsigned>(row) >= static_cast<unsigned>(rows_)) RaiseOutOfRange();
+  }
+  void RequireCol(int col) const {
+    if (static_cast<unsigned>(col) >= static_cast<unsigned>(cols_)) RaiseOutOfRange();
+  }
+  [[noreturn]] static void RaiseOutOfRange();
   void MarkChanged() {
     if (changed_) return;
     changed_ = true;
     if (observer_ != nullptr) observer_->GridChanged();
   }
   int MaxTopRow() const;
-  void DrawInside();
-  void CompactPool();
+  void DrawInside(int topRow);
+  void ReleaseUnused();
 
   int rows_ = 1;
   int cols_ = 1;

@@ -53,6 +53,8 @@ TextPool::Id TextPool::Intern(std::string_view text) {
       entries_.size() >= std::numeric_limits<std::uint32_t>::max() / 2) {
     throw RuntimeError(ErrorKind::OutOfMemory);
   }
+  // Before the text goes in, so that a failed allocation leaves the pool as it was.
+  if (entries_.size() * 2 >= slots_.size()) Rehash(slots_.size() * 2);
   const std::uint32_t hash = HashOf(text);
   const std::size_t mask = slots_.size() - 1;
   std::size_t at = hash & mask;
@@ -64,7 +66,6 @@ TextPool::Id TextPool::Intern(std::string_view text) {
   const Id id = static_cast<Id>(entries_.size());
   entries_.push_back({Store(text), static_cast<std::uint32_t>(text.size()), hash});
   slots_[at] = id;
-  if (entries_.size() * 2 > slots_.size()) Rehash(slots_.size() * 2);
   return id;
 }
 

@@ -1,1 +1,6 @@
-list(APPEND portable_tests core/GridRowsTest.cpp core/SortGridTest.cpp)
+list(APPEND portable_tests
+  core/FlexGridTest.cpp
+  core/GridGeometryTest.cpp
+  core/GridRowsTest.cpp
+  core/SortGridTest.cpp
+)
