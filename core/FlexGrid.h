@@ -19,6 +19,11 @@ namespace tallyrun {
 // rows or columns are next resized.
 enum class CellValue : std::uint32_t { Empty = 0 };
 
+// True for a cell that is held as a number, false for a text of the pool.
+constexpr bool IsNumber(CellValue value) {
+  return (static_cast<std::uint32_t>(value) & 0x80000000u) != 0;
+}
+
 // Room for the digits of a cell that is held as a number.
 using CellScratch = std::array<char, 12>;
 

@@ -1,1 +1,10 @@
 list(APPEND windows_tests app/ResourceTest.cpp)
+list(APPEND portable_tests
+  support/EntrySheetFixture.cpp
+  app/AutoFillTest.cpp
+  app/CellPasteTest.cpp
+  app/CellRulesTest.cpp
+  app/EntrySearchTest.cpp
+  app/SummarizeTest.cpp
+  app/TradeFileTest.cpp
+)

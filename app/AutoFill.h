@@ -1,0 +1,17 @@
+// The fields of the entry sheet that follow from others: everything but what the clerk types.
+#pragma once
+
+#include "core/Conversion.h"
+#include "core/FlexGrid.h"
+
+namespace tallyrun {
+
+// Fills every data row of the sorted sheet: serial number, delivery date, the broker's own
+// identifiers, names and codes from the lists, Internal Ref. No. Raises TypeMismatch at a trade
+// date that is none; the rows before it stay filled.
+void FillAutoFields(FlexGrid& grid, const Date& deliveryDay);
+
+// Recomputes the Internal Ref. No. of every data row alone.
+void FillInternalRefNos(FlexGrid& grid);
+
+}  // namespace tallyrun

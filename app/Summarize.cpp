@@ -1,0 +1,88 @@
+#include "app/Summarize.h"
+
+#include <cstdint>
+#include <limits>
+#include <string>
+#include <vector>
+
+#include "core/Conversion.h"
+#include "core/EntryRow.h"
+#include "core/GridRows.h"
+#include "core/RuntimeError.h"
+
+namespace tallyrun {
+namespace {
+
+bool AreSameEntry(const FlexGrid& grid, int row, int other) {
+  return grid.Cell(row, EntryColumn::kBoId) == grid.Cell(other, EntryColumn::kBoId) &&
+         grid.Cell(row, EntryColumn::kIsinCode) == grid.Cell(other, EntryColumn::kIsinCode);
+}
+
+std::int32_t QuantityOf(const FlexGrid& grid, int row) {
+  CellScratch scratch;
+  return ToInt32(grid.View(row, EntryColumn::kQuantity, scratch));
+}
+
+std::int32_t Sum(std::int32_t left, std::int32_t right) {
+  const std::int64_t sum = std::int64_t{left} + right;
+  if (sum < std::numeric_limits<std::int32_t>::min() ||
+      sum > std::numeric_limits<std::int32_t>::max()) {
+    throw RuntimeError(ErrorKind::Overflow);
+  }
+  return static_cast<std::int32_t>(sum);
+}
+
+// Drops the rows marked as merged in one pass, however the merging ended. Serial numbers stay
+// with their places.
+class MergedRows {
+ public:
+  explicit MergedRows(FlexGrid& grid)
+      : grid_(grid), merged_(static_cast<std::size_t>(grid.Rows()), false) {}
+  MergedRows(const MergedRows&) = delete;
+  MergedRows& operator=(const MergedRows&) = delete;
+
+  void Mark(int row) { merged_[static_cast<std::size_t>(row)] = true; }
+
+  void Drop() {
+    int kept = 1;
+    for (int row = 1; row < grid_.Rows(); ++row) {
+      if (merged_[static_cast<std::size_t>(row)]) continue;
+      if (kept != row) {
+        for (int col = 1; col < grid_.Cols(); ++col) {
+          grid_.SetCell(kept, col, grid_.Cell(row, col));
+        }
+      }
+      ++kept;
+    }
+    grid_.SetRows(kept);
+  }
+
+ private:
+  FlexGrid& grid_;
+  std::vector<bool> merged_;
+};
+
+void MergeUpward(FlexGrid& grid, MergedRows& merged) {
+  for (int row = grid.Rows() - 1; row > 1; --row) {
+    if (!AreSameEntry(grid, row, row - 1)) continue;
+    const std::int32_t quantity = Sum(QuantityOf(grid, row - 1), QuantityOf(grid, row));
+    grid.SetText(row - 1, EntryColumn::kQuantity, std::to_string(quantity));
+    FitColumnWidth(grid, row - 1, EntryColumn::kQuantity);
+    merged.Mark(row);
+  }
+}
+
+}  // namespace
+
+void MergeEqualEntries(FlexGrid& grid) {
+  MergedRows merged(grid);
+  try {
+    MergeUpward(grid, merged);
+  } catch (...) {
+    merged.Drop();
+    throw;
+  }
+  merged.Drop();
+}
+
+}  // namespace tallyrun

@@ -1,0 +1,30 @@
+// The broker's trade file: what its name says and how its lines become rows of the sheet.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "core/Conversion.h"
+#include "core/EntryRow.h"
+#include "core/FlexGrid.h"
+
+namespace tallyrun {
+
+struct TradeFileName {
+  EntryModeTexts mode;
+  Date day;
+};
+
+// What the name of the file at `path` ("payin_05-01-2010.txt") says; nothing when it begins with
+// neither "payin_" nor "payout_". Raises TypeMismatch when its date is none.
+std::optional<TradeFileName> ReadTradeFileName(const std::string& path);
+
+// The side of the trades that a mode takes: clients deliver what they sold.
+std::string TradeSideOf(const EntryModeTexts& mode);
+
+// Fills the sheet with the trades of one side ("B" or "S"), after asking when there are rows to
+// lose. Raises the file's error, SubscriptOutOfRange at a line too short for its fields and
+// TypeMismatch at a trade date that is none; the rows filled so far stay.
+void LoadTradeFile(FlexGrid& grid, const std::string& path, const std::string& side);
+
+}  // namespace tallyrun

@@ -1,0 +1,145 @@
+#include <gmock/gmock.h>
+
+#include "app/TradeFile.h"
+#include "core/RuntimeError.h"
+#include "core/modFileIO.h"
+#include "tests/support/EntrySheetFixture.h"
+#include "tests/support/GridText.h"
+#include "tests/support/TempFolder.h"
+
+namespace tallyrun {
+namespace {
+
+using testing::ColumnOf;
+using ::testing::ElementsAre;
+using testing::EntryCells;
+using testing::FillRows;
+using testing::RowsOf;
+
+TEST(TradeFileNameTest, BeginsWithTheModeAndHoldsTheDay) {
+  const struct {
+    const char* path;
+    std::optional<EntryModeTexts> mode;
+    Date day;
+  } cases[] = {
+      {"C:\\in\\PayIn_05-01-2010.TXT", kPayIn, {2010, 1, 5}},
+      {"payout_5 Feb 2010.txt", kPayOut, {2010, 2, 5}},
+      {"C:\\pay_in\\PAYIN_05-01-2010_second.txt", kPayIn, {2010, 1, 5}},
+      {"payin_05-01-2010", kPayIn, {2010, 1, 5}},
+      {"payin.txt", std::nullopt, {}},
+      {"holdings_05-01-2010.txt", std::nullopt, {}},
+      {" payin_05-01-2010.txt", std::nullopt, {}},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.path);
+    const std::optional<TradeFileName> name = ReadTradeFileName(each.path);
+    ASSERT_EQ(name.has_value(), each.mode.has_value());
+    if (!name) continue;
+    EXPECT_EQ(name->mode, *each.mode);
+    EXPECT_EQ(name->day, each.day);
+  }
+  EXPECT_THROW(ReadTradeFileName("payin_today.txt"), RuntimeError);
+  EXPECT_THROW(ReadTradeFileName("payin"), RuntimeError);
+}
+
+class TradeFileTest : public testing::EntrySheetFixture {
+ protected:
+  std::string Write(std::string_view text) {
+    const std::string path = folder.Path() + "trad\xE9s.txt";
+    WriteWholeFile(path, text);
+    return path;
+  }
+
+  static std::string Filled(std::string_view serial, std::string_view date, std::string_view client,
+                            std::string_view boId, std::string_view boName, std::string_view scrip,
+                            std::string_view isin, std::string_view isinName,
+                            std::string_view quantity) {
+    return EntryCells({{EntryColumn::kSerial, serial},
+                       {EntryColumn::kTradeDate, date},
+                       {EntryColumn::kClientCode, client},
+                       {EntryColumn::kBoId, boId},
+                       {EntryColumn::kBoName, boName},
+                       {EntryColumn::kScripId, scrip},
+                       {EntryColumn::kIsinCode, isin},
+                       {EntryColumn::kIsinName, isinName},
+                       {EntryColumn::kQuantity, quantity}});
+  }
+
+  testing::TempFolder folder;
+};
+
+constexpr char kTrades[] =
+    "0|ALPHAM|2|S|100|5|C1|7|8|9|03-01-2010|11\r\n"
+    "0|ALPHAM|2|B|200|5|C1|7|8|9|03-01-2010\r\n"
+    "\r\n"
+    "no field\r\n"
+    "0|ALPHAM|2|s|300|5|C1|7|8|9|03-01-2010\r\n"
+    "0|UNKNOWN|2|S|1,000|5|NOBODY|7|8|9|4/1/10\r\n"
+    "0|BRAVOB|2|B|400|5|C3|7|8|9|2010-01-04";
+
+TEST_F(TradeFileTest, TakesTheLinesOfOneSideAndLooksTheirNamesUp) {
+  const std::string path = Write(kTrades);
+  LoadTradeFile(grid, path, TradeSideOf(kPayIn));
+  EXPECT_THAT(RowsOf(grid),
+              ElementsAre(Filled("1", "03-Jan-2010", "C1", "1201950000000001", "ANN ALDER",
+                                 "ALPHAM", "KX0001000011", "ALPHA MILLS LTD", "100"),
+                          Filled("2", "04-Jan-2010", "NOBODY", "", "BO NAME NOT FOUND", "UNKNOWN",
+                                 "", "ISIN NAME NOT FOUND", "1,000")));
+  EXPECT_EQ(grid.ColWidth(EntryColumn::kBoName), 17 * 100 + 200);
+
+  platform.answers = {MessageAnswer::Yes};
+  LoadTradeFile(grid, path, TradeSideOf(kPayOut));
+  EXPECT_THAT(RowsOf(grid),
+              ElementsAre(Filled("1", "03-Jan-2010", "C1", "1201950000000001", "ANN ALDER",
+                                 "ALPHAM", "KX0001000011", "ALPHA MILLS LTD", "200"),
+                          Filled("2", "04-Jan-2010", "C3", "1201950000000003", "CL\xC9O CEDAR",
+                                 "BRAVOB", "KX0002000029", "BRAVO BANK LTD", "400")));
+}
+
+TEST_F(TradeFileTest, AsksBeforeRowsAreLost) {
+  const std::vector<std::string> rows = {Filled("1", "", "C2", "", "", "", "", "", "")};
+  FillRows(grid, rows);
+  LoadTradeFile(grid, Write(kTrades), "S");
+  EXPECT_EQ(platform.TakeMessage(),
+            (Message{"Unsaved data will be lost.\r\nAre you sure to continue?", "Confirm Loading",
+                     MessageIcon::Question, MessageButtons::YesNo}));
+  EXPECT_EQ(RowsOf(grid), rows);
+}
+
+TEST_F(TradeFileTest, NothingToTakeLeavesNoDataRow) {
+  LoadTradeFile(grid, Write("0|ALPHAM|2|B|200|5|C1|7|8|9|03-01-2010\r\n"), "S");
+  EXPECT_EQ(grid.Rows(), 1);
+  LoadTradeFile(grid, Write(""), "S");
+  EXPECT_EQ(grid.Rows(), 1);
+}
+
+TEST_F(TradeFileTest, ABadLineEndsTheImportAndTheRowsBeforeItStay) {
+  const struct {
+    const char* line;
+    ErrorKind error;
+    std::vector<std::string> quantities;
+  } cases[] = {
+      {"0|BRAVOB|2|S|50|5|C2|7|8|9|never", ErrorKind::TypeMismatch, {"100", "50"}},
+      {"0|BRAVOB|2|S|50", ErrorKind::SubscriptOutOfRange, {"100", "50"}},
+      {"0|BRAVOB", ErrorKind::SubscriptOutOfRange, {"100"}},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.line);
+    FillRows(grid, {"1"});
+    const std::string good = "0|ALPHAM|2|S|100|5|C1|7|8|9|03-01-2010\r\n";
+    try {
+      LoadTradeFile(grid, Write(good + each.line + "\r\n" + good), "S");
+      ADD_FAILURE() << "no error";
+    } catch (const RuntimeError& error) {
+      EXPECT_EQ(error.Kind(), each.error);
+    }
+    EXPECT_EQ(ColumnOf(grid, EntryColumn::kQuantity), each.quantities);
+  }
+}
+
+TEST_F(TradeFileTest, AMissingFileIsAnError) {
+  EXPECT_THROW(LoadTradeFile(grid, folder.Path() + "none.txt", "S"), RuntimeError);
+}
+
+}  // namespace
+}  // namespace tallyrun

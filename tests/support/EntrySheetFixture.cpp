@@ -1,0 +1,49 @@
+#include "tests/support/EntrySheetFixture.h"
+
+namespace tallyrun::testing {
+namespace {
+
+std::string ListText(std::string captions, const std::vector<std::string>& records) {
+  for (const std::string& record : records) captions += "\r\n" + record;
+  return captions;
+}
+
+}  // namespace
+
+void SetBoList(const std::vector<std::string>& records) {
+  RecordList::Read(BoList, ListText("S/N~BO ID~BO Name~Client Code", records), BoField::kCount,
+                   true);
+}
+
+void SetIsinList(const std::vector<std::string>& records) {
+  RecordList::Read(IsinList, ListText("S/N~ISIN Code~ISIN Name~Scrip ID~Scrip Code", records),
+                   IsinField::kCount, false);
+}
+
+EntrySheetFixture::EntrySheetFixture() {
+  Settings = {"123456", "1201950000009999", "1201950000000000", ""};
+  EntryMode = kPayIn;
+  SetBoList({
+      "1~1201950000000001~ANN ALDER~C1",
+      "2~1201950000000002~BEN BIRCH~C2",
+      "3~1201950000000003~CL\xC9O CEDAR~C3\r",
+  });
+  SetIsinList({
+      "1~KX0001000011~ALPHA MILLS LTD~ALPHAM~101",
+      "2~KX0002000029~BRAVO BANK LTD~BRAVOB~102",
+      "3~KX0003000037~CHARLIE CABLE LTD~CHARLC~103\r",
+  });
+  grid.SetCols(EntryColumn::kCount);
+  grid.SetRows(2);
+  grid.SetText(1, 0, "1");
+  grid.SetMeasurer(TextMeasurer::FixedWidth(100));
+}
+
+EntrySheetFixture::~EntrySheetFixture() {
+  Settings = {};
+  EntryMode = {};
+  BoList = RecordList();
+  IsinList = RecordList();
+}
+
+}  // namespace tallyrun::testing
