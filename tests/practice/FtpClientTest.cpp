@@ -1,0 +1,179 @@
+#include <algorithm>
+#include <gmock/gmock.h>
+#include <sstream>
+
+#include "practice/ftp/FtpClient.h"
+#include "tests/practice/ScriptedNetwork.h"
+#include "tests/support/TempFolder.h"
+
+namespace tallyrun::testing {
+namespace {
+
+using ::testing::ElementsAre;
+using ::testing::HasSubstr;
+using ::testing::IsEmpty;
+using ::testing::Not;
+
+class FtpClientTest : public ::testing::Test {
+ protected:
+  FtpClientTest() {
+    network.replies = {
+        {"USER ledgerhand", "331 Password required.\r\n"},
+        {"PASS qz5071", "230 User logged in.\r\n"},
+        {"CWD entry", "250 CWD command successful.\r\n"},
+        {"PASV", "227 Entering Passive Mode (127,0,0,1,4,1).\r\n"},
+        {"STOR day.txt", "150 Opening.\r\n226 Transfer complete.\r\n"},
+        {"RETR day.txt", "150 Opening.\r\n226 Transfer complete.\r\n"},
+        {"QUIT", "221 Goodbye.\r\n"},
+    };
+  }
+
+  // What the client writes for a script that logs in first.
+  std::string Run(const std::string& commands) {
+    std::istringstream script("open 127.0.0.1 2121\r\nledgerhand\r\nqz5071\r\n" + commands);
+    std::ostringstream output;
+    practice::FtpClient(network, output).Run(script);
+    return output.str();
+  }
+
+  // With slashes, which both systems take.
+  std::string Local(std::string_view name) const {
+    std::string path = folder / name;
+    std::replace(path.begin(), path.end(), '\\', '/');
+    return path;
+  }
+
+  TempFolder folder;
+  ScriptedNetwork network;
+};
+
+TEST_F(FtpClientTest, WritesASessionAsTheSystemsClientDoes) {
+  folder.Write("day.txt", "S/N~Broker ID\r");
+  EXPECT_EQ(Run("prompt\r\ncd entry\r\nput " + Local("day.txt") + "\r\nbye"),
+            "ftp> open 127.0.0.1 2121\n"
+            "Connected to 127.0.0.1.\n"
+            "220 Ready.\n"
+            "User (127.0.0.1:(none)): \n"
+            "331 Password required.\n"
+            "Password: \n"
+            "230 User logged in.\n"
+            "ftp> prompt\n"
+            "Interactive mode Off .\n"
+            "ftp> cd entry\n"
+            "250 CWD command successful.\n"
+            "ftp> put " +
+                Local("day.txt") +
+                "\n"
+                "227 Entering Passive Mode (127,0,0,1,4,1).\n"
+                "150 Opening.\n"
+                "226 Transfer complete.\n"
+                "ftp: 14 bytes sent.\n"
+                "ftp> bye\n"
+                "221 Goodbye.\n");
+  EXPECT_EQ(network.uploaded, "S/N~Broker ID\r");
+}
+
+TEST_F(FtpClientTest, WithoutAServerTheAccountIsReadAsCommands) {
+  network.connectFails = true;
+  EXPECT_EQ(Run("prompt\r\ncd entry\r\nget day.txt\r\nbye"),
+            "ftp> open 127.0.0.1 2121\n"
+            "> ftp: connect :Connection refused\n"
+            "ftp> ledgerhand\n"
+            "Invalid command.\n"
+            "ftp> qz5071\n"
+            "Invalid command.\n"
+            "ftp> prompt\n"
+            "Interactive mode Off .\n"
+            "ftp> cd entry\n"
+            "Not connected.\n"
+            "ftp> get day.txt\n"
+            "Not connected.\n"
+            "ftp> bye\n");
+}
+
+TEST_F(FtpClientTest, GoesOnAfterARefusedLogin) {
+  network.replies["PASS qz5071"] = "530 User cannot log in.\r\n";
+  network.replies["CWD entry"] = "530 Please log in.\r\n";
+  EXPECT_THAT(Run("cd entry\r\nbye"),
+              HasSubstr("530 User cannot log in.\nLogin failed.\nftp> cd entry\n"
+                        "530 Please log in.\nftp> bye\n221 Goodbye.\n"));
+}
+
+TEST_F(FtpClientTest, ARefusedGetLeavesTheLocalFileAlone) {
+  folder.Write("day.txt", "mine");
+  network.replies["RETR day.txt"] = "550 The system cannot find the file specified.\r\n";
+  EXPECT_THAT(Run("get day.txt " + Local("day.txt") + "\r\nget day.txt " + Local("other.txt")),
+              HasSubstr("550 The system cannot find the file specified.\n"));
+  EXPECT_EQ(folder.Read("day.txt"), "mine");
+  EXPECT_FALSE(folder.Has("other.txt"));
+}
+
+TEST_F(FtpClientTest, AGetKeepsWhatCameBeforeTheServerHungUp) {
+  folder.Write("day.txt", "an older and longer text");
+  network.download = "half a f";
+  network.replies["RETR day.txt"] = "150 Opening.\r\n";
+  network.replies.erase("QUIT");
+  EXPECT_THAT(Run("get day.txt " + Local("day.txt") + "\r\ncd entry\r\nbye"),
+              HasSubstr("150 Opening.\nConnection closed by remote host.\n"
+                        "ftp> cd entry\nNot connected.\nftp> bye\n"));
+  EXPECT_EQ(folder.Read("day.txt"), "half a f");
+}
+
+TEST_F(FtpClientTest, AGetThatCannotBeWrittenClaimsNoTransfer) {
+  network.download = "text";
+  const std::string output = Run("get day.txt " + Local("missing/day.txt") + "\r\ncd entry");
+  EXPECT_THAT(output, HasSubstr("Error opening local file "));
+  EXPECT_THAT(output, Not(HasSubstr("226")));
+  EXPECT_THAT(output, HasSubstr("ftp> cd entry\n250 CWD command successful.\n"));
+}
+
+TEST_F(FtpClientTest, AnUploadThatTheServerStopsEndsWithItsReply) {
+  folder.Write("day.txt", std::string(200000, 'x'));
+  network.uploadIsRefused = true;
+  network.replies["STOR day.txt"] = "150 Opening.\r\n552 There is not enough space.\r\n";
+  const std::string output = Run("put " + Local("day.txt") + "\r\nbye");
+  EXPECT_THAT(output, HasSubstr("552 There is not enough space.\nftp> bye\n221 Goodbye.\n"));
+}
+
+TEST_F(FtpClientTest, AsksTheServerForNothingThatCannotBeDone) {
+  struct Case {
+    std::string command;
+    std::string answer;
+  };
+  const Case cases[] = {
+      {"put " + Local("none.txt"), Local("none.txt") + ": File not found\n"},
+      {"dance", "Invalid command.\n"},
+      {"rename day.txt", "Usage: rename from-name to-name\n"},
+      {"open elsewhere", "Already connected to 127.0.0.1, use disconnect first.\n"},
+      {"", ""},
+  };
+  for (const Case& c : cases) {
+    network.commands.clear();
+    EXPECT_THAT(Run(c.command + "\r\nbye"),
+                HasSubstr("ftp> " + c.command + "\n" + c.answer + "ftp> bye"));
+    EXPECT_THAT(network.commands, ElementsAre("USER ledgerhand", "PASS qz5071", "QUIT"));
+  }
+}
+
+TEST_F(FtpClientTest, RenamesOnlyWhatTheServerHas) {
+  network.replies["RNFR BO.txt"] = "350 Ready.\r\n";
+  network.replies["RNTO BO/BO 1.txt"] = "250 Renaming ok.\r\n";
+  network.replies["RNFR none.txt"] = "550 The system cannot find the file specified.\r\n";
+  EXPECT_THAT(Run("rename BO.txt \"BO/BO 1.txt\"\r\nRENAME none.txt x.txt"),
+              HasSubstr("350 Ready.\n250 Renaming ok.\n"));
+  EXPECT_THAT(network.commands, ElementsAre("USER ledgerhand", "PASS qz5071", "RNFR BO.txt",
+                                            "RNTO BO/BO 1.txt", "RNFR none.txt"));
+}
+
+TEST_F(FtpClientTest, RefusesABadPort) {
+  for (const char* port : {"0", "65536", "21x", "-1"}) {
+    std::istringstream script(std::string("open 127.0.0.1 ") + port);
+    std::ostringstream output;
+    practice::FtpClient(network, output).Run(script);
+    EXPECT_THAT(output.str(), HasSubstr(std::string(port) + ": bad port number."));
+  }
+  EXPECT_THAT(network.commands, IsEmpty());
+}
+
+}  // namespace
+}  // namespace tallyrun::testing

@@ -1,0 +1,4 @@
+list(APPEND portable_tests
+  practice/FtpClientTest.cpp
+  practice/ReplyReaderTest.cpp
+)
