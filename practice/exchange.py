@@ -94,6 +94,10 @@ class ExchangeHandler(FTPHandler):
     use_sendfile = False
     faults = None
 
+    def __init__(self, conn, server, ioloop=None):
+        super().__init__(conn, server, ioloop)
+        self._current_type = "i"
+
     def respond(self, resp, logfun=logging.debug):
         if self.faults.has("never-answer"):
             return
@@ -109,7 +113,7 @@ class ExchangeHandler(FTPHandler):
             super().ftp_PASS(line)
 
     def ftp_TYPE(self, line):
-        # The exchange stores text with the line ends it is given, whatever the type.
+        # The exchange keeps line ends as they are, whatever the type.
         super().ftp_TYPE(line)
         self._current_type = "i"
 
