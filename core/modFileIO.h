@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -53,5 +54,9 @@ void SaveGridToFile(const FlexGrid& grid, const std::string& path);
 // columns widen to fit and never narrow. Runs under a trap of its own that shows the path and
 // the error; the grid is then left as far as it was filled, and the result is false.
 bool LoadFileIntoGrid(const std::string& path, FlexGrid& grid);
+
+// What a loader's trap shows: the path that it tried and the error.
+void TellLoadFailure(const std::string& title, const std::string& path,
+                     const std::exception& error);
 
 }  // namespace tallyrun

@@ -4,3 +4,4 @@ list(APPEND portable_tests
   core/GridRowsTest.cpp
   core/SortGridTest.cpp
 )
+list(APPEND portable_tests core/FileTest.cpp)

@@ -1,0 +1,129 @@
+#include "core/RecordIndex.h"
+
+#include <algorithm>
+#include <bit>
+#include <functional>
+#include <utility>
+
+#include "core/Conversion.h"
+
+namespace tallyrun {
+namespace {
+
+std::size_t BucketOf(const char* triple) {
+  const auto byte = [triple](int at) {
+    return static_cast<std::uint32_t>(static_cast<unsigned char>(triple[at]));
+  };
+  return ((byte(0) << 16 | byte(1) << 8 | byte(2)) * 0x9E3779B1u) >> 16;
+}
+
+}  // namespace
+
+EqualityIndex::EqualityIndex(FieldColumn column, CarriageReturns carriageReturns)
+    : column_(std::move(column)), slots_(std::bit_ceil(column_.size() * 2 + 2)) {
+  for (std::size_t place = 0; place < column_.size(); ++place) {
+    std::string_view& text = column_[place].text;
+    if (carriageReturns == CarriageReturns::TakenOut && text.find('\r') != std::string_view::npos) {
+      std::erase(changedTexts_.emplace_back(text), '\r');
+      text = changedTexts_.back();
+    }
+    std::uint32_t& slot = slots_[SlotOf(text)];
+    if (slot == 0) slot = static_cast<std::uint32_t>(place) + 1;
+  }
+}
+
+int EqualityIndex::Find(std::string_view text) const {
+  const std::uint32_t slot = slots_[SlotOf(text)];
+  return slot == 0 ? 0 : column_[slot - 1].record;
+}
+
+// The slot that holds the text, or the free one where it belongs.
+std::size_t EqualityIndex::SlotOf(std::string_view text) const {
+  std::size_t slot = std::hash<std::string_view>()(text);
+  for (;; ++slot) {
+    slot &= slots_.size() - 1;
+    if (slots_[slot] == 0 || column_[slots_[slot] - 1].text == text) return slot;
+  }
+}
+
+ContainingIndex::ContainingIndex(const FieldColumn& column) : bucketBegins_(kBuckets + 1) {
+  begins_.push_back(0);
+  for (const FieldOfRecord& field : column) {
+    records_.push_back(field.record);
+    folded_ += ToLower(field.text);
+    begins_.push_back(folded_.size());
+    longest_ = std::max(longest_, field.text.size());
+  }
+
+  constexpr std::uint32_t kNoEntry = UINT32_MAX;
+  std::vector<std::uint32_t> lastEntries(kBuckets, kNoEntry);
+  for (std::size_t entry = 0; entry < records_.size(); ++entry) {
+    ForEachBucketOf(entry, lastEntries,
+                    [this](std::size_t bucket) { ++bucketBegins_[bucket + 1]; });
+  }
+  for (std::size_t bucket = 0; bucket < kBuckets; ++bucket) {
+    bucketBegins_[bucket + 1] += bucketBegins_[bucket];
+  }
+  bucketEntries_.resize(bucketBegins_.back());
+  std::vector<std::uint32_t> ends(bucketBegins_.begin(), bucketBegins_.end() - 1);
+  std::fill(lastEntries.begin(), lastEntries.end(), kNoEntry);
+  for (std::size_t entry = 0; entry < records_.size(); ++entry) {
+    ForEachBucketOf(entry, lastEntries, [&](std::size_t bucket) {
+      bucketEntries_[ends[bucket]++] = static_cast<std::uint32_t>(entry);
+    });
+  }
+}
+
+int ContainingIndex::Find(std::string_view text) {
+  if (text.size() > longest_) return 0;
+  std::string folded = ToLower(text);
+  const auto known = answers_.find(folded);
+  if (known != answers_.end()) return known->second;
+  const int record = Search(folded);
+  if (answers_.size() == kRemembered) answers_.clear();
+  answers_.emplace(std::move(folded), record);
+  return record;
+}
+
+std::string_view ContainingIndex::FoldedField(std::size_t entry) const {
+  return std::string_view(folded_).substr(begins_[entry], begins_[entry + 1] - begins_[entry]);
+}
+
+// Each bucket once for an entry, however often it would fall into it.
+template <class Action>
+void ContainingIndex::ForEachBucketOf(std::size_t entry, std::vector<std::uint32_t>& lastEntries,
+                                      Action action) {
+  const std::string_view field = FoldedField(entry);
+  for (std::size_t at = 0; at + kTriple <= field.size(); ++at) {
+    const std::size_t bucket = BucketOf(field.data() + at);
+    if (lastEntries[bucket] == entry) continue;
+    lastEntries[bucket] = static_cast<std::uint32_t>(entry);
+    action(bucket);
+  }
+}
+
+int ContainingIndex::Search(std::string_view folded) const {
+  const auto contains = [&](std::size_t entry) {
+    return FoldedField(entry).find(folded) != std::string_view::npos;
+  };
+  if (folded.size() < kTriple) {
+    for (std::size_t entry = 0; entry < records_.size(); ++entry) {
+      if (contains(entry)) return records_[entry];
+    }
+    return 0;
+  }
+  const auto sizeOf = [this](std::size_t bucket) {
+    return bucketBegins_[bucket + 1] - bucketBegins_[bucket];
+  };
+  std::size_t rarest = BucketOf(folded.data());
+  for (std::size_t at = 1; at + kTriple <= folded.size(); ++at) {
+    const std::size_t bucket = BucketOf(folded.data() + at);
+    if (sizeOf(bucket) < sizeOf(rarest)) rarest = bucket;
+  }
+  for (std::uint32_t at = bucketBegins_[rarest]; at < bucketBegins_[rarest + 1]; ++at) {
+    if (contains(bucketEntries_[at])) return records_[bucketEntries_[at]];
+  }
+  return 0;
+}
+
+}  // namespace tallyrun

@@ -1,0 +1,69 @@
+// How one field of a list is searched without walking the list: by equality, and by "contains in
+// any letter case". Both answer with the first record that a walk from the top would find. The
+// texts they are made from must outlive them.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <deque>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace tallyrun {
+
+struct FieldOfRecord {
+  int record;
+  std::string_view text;
+};
+
+// One field of all records that have it, first record first.
+using FieldColumn = std::vector<FieldOfRecord>;
+
+class EqualityIndex {
+ public:
+  enum class CarriageReturns { Kept, TakenOut };
+
+  EqualityIndex(FieldColumn column, CarriageReturns carriageReturns);
+
+  // The first record whose field is `text`, or 0.
+  int Find(std::string_view text) const;
+
+ private:
+  std::size_t SlotOf(std::string_view text) const;
+
+  FieldColumn column_;
+  std::deque<std::string> changedTexts_;  // those that had a carriage return
+  std::vector<std::uint32_t> slots_;      // open addressing: place in column_ plus 1; 0 is free
+};
+
+class ContainingIndex {
+ public:
+  explicit ContainingIndex(const FieldColumn& column);
+
+  // The first record whose field contains `text`, or 0. The answer is remembered.
+  int Find(std::string_view text);
+
+ private:
+  static constexpr std::size_t kTriple = 3;
+  static constexpr std::size_t kBuckets = 1u << 16;
+  static constexpr std::size_t kRemembered = 1u << 16;
+
+  std::string_view FoldedField(std::size_t entry) const;
+  template <class Action>
+  void ForEachBucketOf(std::size_t entry, std::vector<std::uint32_t>& lastEntries, Action action);
+  int Search(std::string_view folded) const;
+
+  std::vector<int> records_;
+  std::string folded_;               // all fields, one behind the other
+  std::vector<std::size_t> begins_;  // of every field in folded_, and the end of the last
+  std::size_t longest_ = 0;
+  // Every three characters in a row put their field into the bucket of their hash, in order; a
+  // text can only be in the fields of any one of its own buckets.
+  std::vector<std::uint32_t> bucketBegins_;
+  std::vector<std::uint32_t> bucketEntries_;
+  std::unordered_map<std::string, int> answers_;
+};
+
+}  // namespace tallyrun
