@@ -1,5 +1,5 @@
 list(APPEND portable_tests
-  core/FlexGridTest.cpp
+  core/BoIdFormatTest.cpp core/FlexGridTest.cpp
   core/GridGeometryTest.cpp
   core/GridRowsTest.cpp
   core/SortGridTest.cpp

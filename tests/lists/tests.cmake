@@ -1,0 +1,5 @@
+list(APPEND portable_tests
+  lists/ListBackupsTest.cpp
+  lists/ListKindTest.cpp
+  lists/ListRowsTest.cpp
+)

@@ -1,0 +1,1 @@
+list(APPEND portable_tests reports/InstructionReportTest.cpp)
