@@ -5,3 +5,9 @@ list(APPEND portable_tests
   core/SortGridTest.cpp
 )
 list(APPEND portable_tests core/FileTest.cpp)
+list(APPEND portable_tests
+  core/ConversionTest.cpp
+  core/LookupsTest.cpp
+  core/RecordListTest.cpp
+  core/SettingsTest.cpp
+)
