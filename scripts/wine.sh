@@ -16,10 +16,12 @@ if [[ ! -e $WINEPREFIX/ready ]]; then
   exec 9>"$WINEPREFIX/lock"
   flock 9
   if [[ ! -e $WINEPREFIX/ready ]]; then
-    # Without a display, so that the server of this prefix is not bound to a passing screen.
-    env -u DISPLAY wineboot --init >"$WINEPREFIX/init.log" 2>&1 ||
-      { cat "$WINEPREFIX/init.log" >&2; exit 1; }
-    wineserver --wait
+    if ! env -u DISPLAY wineboot --init >"$WINEPREFIX/init.log" 2>&1 9>&-; then
+      cat "$WINEPREFIX/init.log" >&2
+      exit 1
+    fi
+    # The server must not go on without a screen for the programs to come.
+    wineserver --wait 9>&-
     touch "$WINEPREFIX/ready"
   fi
   exec 9>&-
@@ -28,4 +30,7 @@ fi
 if [[ -n ${DISPLAY:-} ]]; then
   exec wine "$@"
 fi
-exec xvfb-run --auto-servernum --server-args='-screen 0 1280x1024x24' wine "$@"
+source "$root/scripts/screen.sh"
+open_screen
+trap close_screen EXIT
+wine "$@"

@@ -1,0 +1,21 @@
+# To be sourced: a screen in memory for programs that need one.
+
+# open_screen [SIZE]: starts a screen and sets DISPLAY; close_screen ends it.
+open_screen() {
+  local number
+  # The server picks a free number and tells it once it takes clients.
+  exec {screen_fd}< <(exec Xvfb -displayfd 1 -screen 0 "${1:-1280x1024}x24" -nolisten tcp 2>/dev/null)
+  screen_pid=$!
+  if ! read -r number <&"$screen_fd"; then
+    echo "No screen: Xvfb doesn't start." >&2
+    return 1
+  fi
+  export DISPLAY=:$number
+}
+
+# The programs of the Wine prefix in use end first: they would complain about the lost screen.
+close_screen() {
+  wineserver --kill 2>/dev/null || true
+  kill "$screen_pid" 2>/dev/null || true
+  exec {screen_fd}<&-
+}
