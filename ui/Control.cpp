@@ -1,0 +1,191 @@
+#include "ui/Control.h"
+
+#include "core/RuntimeError.h"
+#include "ui/Form.h"
+#include "ui/WindowGuard.h"
+
+namespace tallyrun {
+namespace {
+
+constexpr UINT_PTR kSubclassId = 1;
+
+bool KeyIsDown(int key) { return GetKeyState(key) < 0; }
+
+Control* focused = nullptr;
+
+}  // namespace
+
+KeyEvent KeyEventFrom(WPARAM key) {
+  return {static_cast<int>(key), KeyIsDown(VK_SHIFT), KeyIsDown(VK_CONTROL), false};
+}
+
+namespace focus {
+
+void Took(Control& control) {
+  if (focused == &control) return;
+  Control* const former = focused;
+  focused = &control;
+  if (former != nullptr) former->LostFocus.Raise();
+  if (focused == &control) control.GotFocus.Raise();
+}
+
+void Forget(const Control& control) {
+  if (focused == &control) focused = nullptr;
+}
+
+}  // namespace focus
+
+Control::~Control() {
+  if (window_ != nullptr) DestroyWindow(window_);
+}
+
+void Control::CreateControl(ControlParent& parent, const char* windowClass, const std::string& text,
+                            DWORD style, DWORD extendedStyle, int id) {
+  form_ = &parent.ParentForm();
+  id_ = id;
+  const HWND window = CreateWindowExA(
+      extendedStyle, windowClass, text.c_str(), style | WS_CHILD | WS_CLIPSIBLINGS, 0, 0, 0, 0,
+      parent.ParentHandle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+      GetModuleHandleA(nullptr), nullptr);
+  if (window == nullptr) throw RuntimeError(ErrorKind::OutOfMemory);
+  window_ = window;
+  SetWindowSubclass(window, WindowProc, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
+  form_->Adopt(*this);
+  if (!toolTip_.empty()) form_->ShowToolTip(*this);
+}
+
+Control* Control::FromHandle(HWND window) {
+  DWORD_PTR control = 0;
+  if (window == nullptr || !GetWindowSubclass(window, WindowProc, kSubclassId, &control)) {
+    return nullptr;
+  }
+  return reinterpret_cast<Control*>(control);
+}
+
+LRESULT CALLBACK Control::WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                     UINT_PTR, DWORD_PTR control) noexcept {
+  auto* const self = reinterpret_cast<Control*>(control);
+  if (message == WM_NCDESTROY) {
+    RemoveWindowSubclass(window, WindowProc, kSubclassId);
+    self->WindowGone();
+    return DefSubclassProc(window, message, wParam, lParam);
+  }
+  return RunGuarded([&] { return self->OnMessage(message, wParam, lParam); });
+}
+
+void Control::WindowGone() {
+  focus::Forget(*this);
+  if (form_ != nullptr) form_->Disown(*this);
+  window_ = nullptr;
+}
+
+LRESULT Control::Default(UINT message, WPARAM wParam, LPARAM lParam) {
+  return window_ == nullptr ? 0 : DefSubclassProc(window_, message, wParam, lParam);
+}
+
+LRESULT Control::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_SETFOCUS: {
+      const LRESULT answer = Default(message, wParam, lParam);
+      form_->NoteFocus(*this);
+      focus::Took(*this);
+      return answer;
+    }
+    case WM_KEYDOWN:
+    case WM_CHAR: {
+      KeyEvent key = KeyEventFrom(wParam);
+      (message == WM_CHAR ? KeyPress : KeyDown).Raise(key);
+      return key.handled ? 0 : Default(message, wParam, lParam);
+    }
+    case WM_KEYUP: {
+      KeyEvent key = KeyEventFrom(wParam);
+      RaiseKeyUp(key);
+      return key.handled ? 0 : Default(message, wParam, lParam);
+    }
+    case WM_SETCURSOR:
+      // Before the control's own: a header or an edit would set its pointer over the hourglass.
+      if (LOWORD(lParam) == HTCLIENT && form_->HoldPointer()) return TRUE;
+      return Default(message, wParam, lParam);
+    default:
+      return Default(message, wParam, lParam);
+  }
+}
+
+void Control::RaiseKeyUp(KeyEvent& key) {
+  if (key.key == VK_DELETE && EditsText()) return;
+  (KeyUp.HasHandler() ? KeyUp : form_->KeyUp).Raise(key);
+}
+
+void Control::OnCommand(int) {}
+
+LRESULT Control::OnNotify(NMHDR&) { return 0; }
+
+std::string Control::Text() const {
+  if (window_ == nullptr) return {};
+  std::string text(static_cast<std::size_t>(GetWindowTextLengthA(window_)) + 1, '\0');
+  text.resize(static_cast<std::size_t>(
+      GetWindowTextA(window_, text.data(), static_cast<int>(text.size()))));
+  return text;
+}
+
+void Control::SetText(const std::string& text) {
+  if (window_ != nullptr && Text() != text) SetWindowTextA(window_, text.c_str());
+}
+
+bool Control::Enabled() const {
+  return window_ != nullptr && (GetWindowLongA(window_, GWL_STYLE) & WS_DISABLED) == 0;
+}
+
+void Control::SetEnabled(bool enabled) {
+  if (window_ != nullptr) EnableWindow(window_, enabled ? TRUE : FALSE);
+}
+
+bool Control::Visible() const {
+  return window_ != nullptr && (GetWindowLongA(window_, GWL_STYLE) & WS_VISIBLE) != 0;
+}
+
+void Control::SetVisible(bool visible) {
+  if (window_ != nullptr) ShowWindow(window_, visible ? SW_SHOWNA : SW_HIDE);
+}
+
+void Control::SetFocus() {
+  if (window_ == nullptr || !Visible() || !Enabled()) return;
+  // Giving a window the focus would bring its form to the front, over another program.
+  if (GetActiveWindow() == form_->Handle()) {
+    ::SetFocus(window_);
+  } else {
+    form_->NoteFocus(*this);
+  }
+}
+
+bool Control::HasFocus() const { return window_ != nullptr && GetFocus() == window_; }
+
+PixelRect Control::Bounds() const {
+  if (window_ == nullptr) return {};
+  RECT rect = {};
+  GetWindowRect(window_, &rect);
+  MapWindowPoints(nullptr, GetParent(window_), reinterpret_cast<POINT*>(&rect), 2);
+  return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
+}
+
+void Control::Move(const PixelRect& bounds) {
+  if (window_ == nullptr) return;
+  SetWindowPos(window_, nullptr, bounds.x, bounds.y, bounds.width, WindowHeightFor(bounds.height),
+               SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+void Control::SetToolTip(const std::string& text) {
+  toolTip_ = text;
+  if (window_ != nullptr) form_->ShowToolTip(*this);
+}
+
+void Control::SetFontFace(const std::string& face) {
+  fontFace_ = face;
+  if (window_ != nullptr) ApplyFont(form_->Font(fontFace_));
+}
+
+void Control::ApplyFont(HFONT font) {
+  if (window_ != nullptr) SendMessageA(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+}
+
+}  // namespace tallyrun

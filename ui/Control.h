@@ -1,0 +1,126 @@
+// The base of every control: its window, what all controls share, and the events for focus and
+// keys. A control lives as a member of its form; its window exists while the form is loaded.
+// Without a window every setter does nothing and every getter answers empty.
+#pragma once
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <string>
+
+#include "ui/Event.h"
+
+namespace tallyrun {
+
+class Control;
+class Form;
+
+// A place in pixels of the parent's client area.
+struct PixelRect {
+  int x = 0;
+  int y = 0;
+  int width = 0;
+  int height = 0;
+
+  bool operator==(const PixelRect&) const = default;
+};
+
+// What can hold controls: a form or a frame in it.
+class ControlParent {
+ public:
+  virtual ~ControlParent() = default;
+  virtual HWND ParentHandle() const = 0;
+  virtual Form& ParentForm() = 0;
+};
+
+class Control {
+ public:
+  Control() = default;
+  Control(const Control&) = delete;
+  Control& operator=(const Control&) = delete;
+  virtual ~Control();
+
+  // Raised when the control got the focus, or when another control of the program took it.
+  // A message box, another program or a drop-down calendar in front takes nothing.
+  Event<> GotFocus;
+  Event<> LostFocus;
+  // `handled` in KeyDown and KeyPress keeps the key from the control. A release that the control
+  // has no handler for goes to its form.
+  Event<KeyEvent&> KeyDown;
+  Event<KeyEvent&> KeyPress;
+  Event<KeyEvent&> KeyUp;
+
+  HWND Handle() const { return window_; }
+  int Id() const { return id_; }
+  // The form it was created on.
+  Form* Owner() const { return form_; }
+
+  std::string Text() const;
+  void SetText(const std::string& text);
+  bool Enabled() const;
+  void SetEnabled(bool enabled);
+  // Whether it was set visible, also while its form is still hidden.
+  bool Visible() const;
+  void SetVisible(bool visible);
+  // Takes the focus, or will have it when its form is next in front. Does nothing for a control
+  // that is hidden or disabled.
+  void SetFocus();
+  bool HasFocus() const;
+
+  // Pixels of the parent's client area.
+  PixelRect Bounds() const;
+  void Move(const PixelRect& bounds);
+  // The window's height when it is laid out `height` pixels high; drop-downs differ.
+  virtual int WindowHeightFor(int height) { return height; }
+
+  void SetToolTip(const std::string& text);
+  const std::string& ToolTip() const { return toolTip_; }
+
+  // A face of its own instead of the form's; to be called before or after the window exists.
+  void SetFontFace(const std::string& face);
+  const std::string& FontFace() const { return fontFace_; }
+  // Sets the font that the form made; the form keeps ownership.
+  virtual void ApplyFont(HFONT font);
+
+  // The control whose window this is, or null.
+  static Control* FromHandle(HWND window);
+
+  // Notifications that the parent hands back to the control they come from.
+  virtual void OnCommand(int code);
+  virtual LRESULT OnNotify(NMHDR& notification);
+
+ protected:
+  // Makes the window. Controls made earlier lie over later ones and come first by Tab.
+  void CreateControl(ControlParent& parent, const char* windowClass, const std::string& text,
+                     DWORD style, DWORD extendedStyle, int id);
+  // Handles a message to the control's window; overriders pass on what is not theirs.
+  virtual LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
+  // What the window's own class does with the message.
+  LRESULT Default(UINT message, WPARAM wParam, LPARAM lParam);
+  // True when DELETE edits the control's text, so that its release is no command.
+  virtual bool EditsText() const { return false; }
+
+ private:
+  static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
+                                     UINT_PTR id, DWORD_PTR control) noexcept;
+  void RaiseKeyUp(KeyEvent& key);
+  void WindowGone();
+
+  HWND window_ = nullptr;
+  Form* form_ = nullptr;
+  int id_ = 0;
+  std::string toolTip_;
+  std::string fontFace_;
+};
+
+// The key event for a key message, with the modifiers as they stand.
+KeyEvent KeyEventFrom(WPARAM key);
+
+// The control that has the focus or had it last; tells both sides when it changes.
+namespace focus {
+void Took(Control& control);
+void Forget(const Control& control);
+}  // namespace focus
+
+}  // namespace tallyrun

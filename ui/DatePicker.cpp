@@ -1,0 +1,90 @@
+#include "ui/DatePicker.h"
+
+#include <algorithm>
+#include <cctype>
+
+#include "ui/EnglishMonths.h"
+
+namespace tallyrun {
+namespace {
+
+// The day, the month through a callback field, the year.
+constexpr char kFormat[] = "dd'-'XXX'-'yyyy";
+
+SYSTEMTIME SystemTimeOf(const Date& date) {
+  SYSTEMTIME time = {};
+  time.wYear = static_cast<WORD>(date.year);
+  time.wMonth = static_cast<WORD>(date.month);
+  time.wDay = static_cast<WORD>(date.day);
+  return time;
+}
+
+Date DateOf(const SYSTEMTIME& time) { return {time.wYear, time.wMonth, time.wDay}; }
+
+}  // namespace
+
+void DatePicker::Create(ControlParent& parent, int id, const std::string& toolTip) {
+  CreateControl(parent, DATETIMEPICK_CLASSA, "",
+                WS_VISIBLE | WS_TABSTOP | WS_GROUP | DTS_SHORTDATEFORMAT, 0, id);
+  SendMessageA(Handle(), DTM_SETFORMATA, 0, reinterpret_cast<LPARAM>(kFormat));
+  told_ = Value();
+  SetToolTip(toolTip);
+}
+
+std::optional<Date> DatePicker::Value() const {
+  SYSTEMTIME time = {};
+  if (Handle() == nullptr ||
+      SendMessageA(Handle(), DTM_GETSYSTEMTIME, 0, reinterpret_cast<LPARAM>(&time)) != GDT_VALID) {
+    return std::nullopt;
+  }
+  return DateOf(time);
+}
+
+void DatePicker::SetValue(const Date& date) {
+  if (Handle() == nullptr) return;
+  SYSTEMTIME time = SystemTimeOf(date);
+  // Told beforehand, so that a notification for it is no news.
+  const auto former = std::exchange(told_, date);
+  if (SendMessageA(Handle(), DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time)) == 0) {
+    told_ = former;
+  }
+}
+
+LRESULT DatePicker::OnNotify(NMHDR& notification) {
+  switch (notification.code) {
+    case DTN_DATETIMECHANGE:
+      NoteChange();
+      break;
+    case DTN_FORMATA: {
+      auto& format = reinterpret_cast<NMDATETIMEFORMATA&>(notification);
+      const std::string_view month = EnglishMonth(format.st.wMonth);
+      month.copy(format.szDisplay, month.size());
+      format.szDisplay[month.size()] = '\0';
+      format.pszDisplay = format.szDisplay;
+      break;
+    }
+    case DTN_FORMATQUERYA: {
+      auto& query = reinterpret_cast<NMDATETIMEFORMATQUERYA&>(notification);
+      query.szMax = WidestMonth(reinterpret_cast<HFONT>(SendMessageA(Handle(), WM_GETFONT, 0, 0)));
+      break;
+    }
+    case DTN_WMKEYDOWNA: {
+      auto& key = reinterpret_cast<NMDATETIMEWMKEYDOWNA&>(notification);
+      key.st = SystemTimeOf(MonthAfterKey(DateOf(key.st), key.nVirtKey));
+      break;
+    }
+    default:
+      break;
+  }
+  return 0;
+}
+
+// The system tells of one choice several times; a handler hears of each date once.
+void DatePicker::NoteChange() {
+  const auto value = Value();
+  if (value == told_) return;
+  told_ = value;
+  Change.Raise();
+}
+
+}  // namespace tallyrun

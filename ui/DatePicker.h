@@ -1,0 +1,32 @@
+// A date picker that shows "05-Jan-2010" with the English month, whatever the locale.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "core/Conversion.h"
+#include "ui/Control.h"
+
+namespace tallyrun {
+
+class DatePicker : public Control {
+ public:
+  // The clerk chose another date.
+  Event<> Change;
+
+  void Create(ControlParent& parent, int id, const std::string& toolTip = "");
+  std::optional<Date> Value() const;
+  // Raises no Change. A date that the picker cannot show leaves it as it is.
+  void SetValue(const Date& date);
+  LRESULT OnNotify(NMHDR& notification) override;
+
+ protected:
+  bool EditsText() const override { return true; }
+
+ private:
+  void NoteChange();
+
+  std::optional<Date> told_;  // the value that Change last told of, or that was set
+};
+
+}  // namespace tallyrun

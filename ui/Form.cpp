@@ -1,0 +1,239 @@
+#include "ui/Form.h"
+
+#include <algorithm>
+
+#include "core/Platform.h"
+#include "core/RuntimeError.h"
+#include "ui/FormMessages.h"
+#include "ui/MessageLoop.h"
+
+namespace tallyrun {
+namespace {
+
+std::vector<Form*> loadedForms;
+bool programIsEnding = false;
+
+}  // namespace
+
+std::vector<HWND> DisableOtherForms(HWND except) {
+  std::vector<HWND> disabled;
+  for (const Form* form : loadedForms) {
+    if (form->Handle() == except || !IsWindowEnabled(form->Handle())) continue;
+    EnableWindow(form->Handle(), FALSE);
+    disabled.push_back(form->Handle());
+  }
+  return disabled;
+}
+
+void EnableForms(std::vector<HWND>& forms) {
+  for (const HWND form : forms) {
+    if (IsWindow(form)) EnableWindow(form, TRUE);
+  }
+  forms.clear();
+}
+
+// Counts the running handlers of a form, and lets a closed form go after the outermost one.
+class Form::HandlerScope {
+ public:
+  explicit HandlerScope(Form& form) : form_(form) { ++form_.handlersRunning_; }
+  ~HandlerScope() {
+    if (--form_.handlersRunning_ > 0) return;
+    if (form_.closePending_) {
+      // Posted, as the control whose handler ran may still be inside its own window procedure.
+      PostMessageA(form_.window_, kUnloadPending, 0, 0);
+    } else {
+      form_.RepairFocus();
+    }
+  }
+  HandlerScope(const HandlerScope&) = delete;
+  HandlerScope& operator=(const HandlerScope&) = delete;
+
+ private:
+  Form& form_;
+};
+
+Form::Form(const char* name, FormOptions options) : name_(name), options_(std::move(options)) {}
+
+Form::~Form() {
+  EndModal();
+  if (window_ != nullptr) DestroyWindow(window_);
+}
+
+void Form::Load() {
+  if (closePending_ && handlersRunning_ == 0) UnloadNow();
+  if (IsLoaded()) return;
+  if (loadedForms.empty()) programIsEnding = false;
+  loading_ = true;
+  CreateFormWindow(owner_);
+  CreateControls();
+  RefreshFonts();
+  PlaceOnScreen(owner_);
+  loading_ = false;
+  RunHandler([this] { Form_Load(); });
+}
+
+void Form::Show() {
+  Load();
+  ShowWindow(window_, IsIconic(window_) ? SW_RESTORE : SW_SHOW);
+  SetForegroundWindow(window_);
+}
+
+void Form::ShowModal(Form* owner) {
+  owner_ = owner == nullptr ? nullptr : owner->Handle();
+  if (IsLoaded()) SetWindowLongPtrA(window_, GWLP_HWNDPARENT, reinterpret_cast<LONG_PTR>(owner_));
+  Load();
+  disabledByModal_ = DisableOtherForms(window_);
+  Show();
+  RunMessagesUntil([this] { return !IsLoaded() || (programIsEnding && !closePending_); });
+  owner_ = nullptr;
+  if (!programIsEnding) return;
+  Unload();
+  throw ProgramEnding{};
+}
+
+void Form::Unload() {
+  if (!IsLoaded() || unloading_) return;
+  if (options_.endsProgram) programIsEnding = true;
+  if (handlersRunning_ == 0) {
+    UnloadNow();
+    return;
+  }
+  closePending_ = true;
+  EndModal();
+  ShowWindow(window_, SW_HIDE);
+}
+
+void Form::UnloadNow() {
+  unloading_ = true;
+  RunHandler([this] { Form_Unload(); });
+  // Enabled first, or the system would bring another program to the front.
+  EndModal();
+  DestroyWindow(window_);
+  unloading_ = false;
+}
+
+void Form::WindowGone() {
+  std::erase(loadedForms, this);
+  EndModal();
+  window_ = nullptr;
+  lastFocus_ = nullptr;
+  toolTips_.Forget();
+  controls_.clear();
+  fonts_.clear();
+  minimum_ = {};
+  pointer_ = PointerShape::Normal;
+  closePending_ = false;
+}
+
+void Form::EndModal() { EnableForms(disabledByModal_); }
+
+void Form::RunHandler(const std::function<void()>& handler) {
+  const HandlerScope scope(*this);
+  RunTrapped(handler);
+}
+
+void Form::SetCaption(const std::string& caption) {
+  caption_ = caption;
+  if (window_ != nullptr) SetWindowTextA(window_, caption.c_str());
+}
+
+void Form::EnableControls(bool enabled) {
+  for (Control* control : controls_) control->SetEnabled(enabled);
+}
+
+HFONT Form::Font(const std::string& face) {
+  const std::string& wanted = face.empty() ? options_.fontFace : face;
+  UniqueFont& font = fonts_[wanted];
+  if (!font) font = MakeMessageFont(dpi_, wanted);
+  return font.Get();
+}
+
+void Form::RefreshFonts() {
+  // The old fonts live until every control has its new one.
+  const auto former = std::exchange(fonts_, {});
+  for (Control* control : controls_) control->ApplyFont(Font(control->FontFace()));
+  toolTips_.ApplyFont(Font());
+}
+
+void Form::Relayout() {
+  if (window_ == nullptr || IsIconic(window_)) return;
+  LayoutArea area(*this);
+  Layout(area);
+  minimum_ = area.Minimum();
+  area.Apply();
+}
+
+void Form::Adopt(Control& control) {
+  controls_.push_back(&control);
+  if (!loading_) control.ApplyFont(Font(control.FontFace()));
+}
+
+void Form::Disown(Control& control) {
+  std::erase(controls_, &control);
+  toolTips_.Remove(window_, control.Handle());
+  if (lastFocus_ == control.Handle()) lastFocus_ = nullptr;
+}
+
+void Form::ShowToolTip(const Control& control) {
+  toolTips_.Set(window_, control.Handle(), control.ToolTip());
+}
+
+const std::vector<Form*>& Form::LoadedForms() { return loadedForms; }
+
+bool Form::ProgramIsEnding() { return programIsEnding; }
+
+void Form::RegisterWindowClass() const {
+  WNDCLASSEXA windowClass = {};
+  windowClass.cbSize = sizeof windowClass;
+  const HINSTANCE program = GetModuleHandleA(nullptr);
+  if (GetClassInfoExA(program, name_, &windowClass) != FALSE) return;
+  windowClass = {};
+  windowClass.cbSize = sizeof windowClass;
+  windowClass.lpfnWndProc = WindowProc;
+  windowClass.hInstance = program;
+  windowClass.hIcon = LoadIconA(program, MAKEINTRESOURCEA(kApplicationIcon));
+  windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+  windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
+  windowClass.lpszClassName = name_;
+  RegisterClassExA(&windowClass);
+}
+
+void Form::CreateFormWindow(HWND owner) {
+  RegisterWindowClass();
+  DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
+  if (options_.sizable) style |= WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
+  CreateWindowExA(WS_EX_CONTROLPARENT, name_, caption_.c_str(), style, CW_USEDEFAULT, CW_USEDEFAULT,
+                  CW_USEDEFAULT, CW_USEDEFAULT, owner, nullptr, GetModuleHandleA(nullptr), this);
+  if (window_ == nullptr) throw RuntimeError(ErrorKind::OutOfMemory);
+  dpi_ = DpiOf(window_);
+  loadedForms.push_back(this);
+}
+
+void Form::PlaceOnScreen(HWND owner) {
+  // Once for the minimum, which a form of fixed size takes as its size.
+  Relayout();
+  SIZE client = {Scale(options_.width), Scale(options_.height)};
+  if (!options_.sizable) client = minimum_;
+  client.cx = std::max(client.cx, minimum_.cx);
+  client.cy = std::max(client.cy, minimum_.cy);
+  const SIZE size = WindowSizeFor(client, static_cast<DWORD>(GetWindowLongA(window_, GWL_STYLE)),
+                                  static_cast<DWORD>(GetWindowLongA(window_, GWL_EXSTYLE)), dpi_);
+  MONITORINFO monitor = {};
+  monitor.cbSize = sizeof monitor;
+  GetMonitorInfoA(MonitorFromWindow(owner != nullptr ? owner : window_, MONITOR_DEFAULTTONEAREST),
+                  &monitor);
+  const RECT& work = monitor.rcWork;
+  RECT around = work;
+  if (owner != nullptr) GetWindowRect(owner, &around);
+  const LONG width = std::min(size.cx, work.right - work.left);
+  const LONG height = std::min(size.cy, work.bottom - work.top);
+  const LONG x = std::clamp((around.left + around.right - width) / 2, work.left,
+                            std::max(work.left, work.right - width));
+  const LONG y = std::clamp((around.top + around.bottom - height) / 2, work.top,
+                            std::max(work.top, work.bottom - height));
+  SetWindowPos(window_, nullptr, static_cast<int>(x), static_cast<int>(y), static_cast<int>(width),
+               static_cast<int>(height), SWP_NOZORDER | SWP_NOACTIVATE);
+  Relayout();
+}
+
+}  // namespace tallyrun

@@ -1,0 +1,162 @@
+// The form's window procedure and what it does with each message.
+#include "ui/FormMessages.h"
+
+#include <commctrl.h>
+
+#include <algorithm>
+
+#include "ui/Form.h"
+#include "ui/Notifications.h"
+#include "ui/WindowGuard.h"
+
+namespace tallyrun {
+
+LRESULT CALLBACK Form::WindowProc(HWND window, UINT message, WPARAM wParam,
+                                  LPARAM lParam) noexcept {
+  if (message == WM_NCCREATE) {
+    auto* const form =
+        static_cast<Form*>(reinterpret_cast<const CREATESTRUCTA*>(lParam)->lpCreateParams);
+    form->window_ = window;
+    SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(form));
+  }
+  auto* const form = reinterpret_cast<Form*>(GetWindowLongPtrA(window, GWLP_USERDATA));
+  if (form == nullptr) return DefWindowProcA(window, message, wParam, lParam);
+  if (message == WM_NCDESTROY) {
+    SetWindowLongPtrA(window, GWLP_USERDATA, 0);
+    form->WindowGone();
+    return DefWindowProcA(window, message, wParam, lParam);
+  }
+  return RunGuarded([&] { return form->OnMessage(message, wParam, lParam); });
+}
+
+Form* Form::FromHandle(HWND window) {
+  for (Form* form : LoadedForms()) {
+    if (form->Handle() == window) return form;
+  }
+  return nullptr;
+}
+
+LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  switch (message) {
+    case WM_COMMAND:
+    case WM_NOTIFY:
+      if (const auto answer = ReflectNotification(message, wParam, lParam)) return *answer;
+      break;
+    case WM_SIZE:
+      OnSize(wParam);
+      return 0;
+    case WM_GETMINMAXINFO:
+      OnMinMaxInfo(*reinterpret_cast<MINMAXINFO*>(lParam));
+      return 0;
+    case WM_ACTIVATE:
+      return OnActivate(wParam, lParam);
+    case WM_SETFOCUS:
+      RestoreFocus();
+      return 0;
+    case WM_KEYUP: {
+      KeyEvent key = KeyEventFrom(wParam);
+      KeyUp.Raise(key);
+      return 0;
+    }
+    case WM_SETCURSOR:
+      if (LOWORD(lParam) == HTCLIENT && HoldPointer()) return TRUE;
+      break;
+    case WM_DPICHANGED:
+      OnDpiChanged(LOWORD(wParam), *reinterpret_cast<const RECT*>(lParam));
+      return 0;
+    case WM_SETTINGCHANGE:
+      if (wParam == SPI_SETNONCLIENTMETRICS) {
+        RefreshFonts();
+        Relayout();
+      }
+      break;
+    case WM_SYSCOLORCHANGE:
+      for (const Control* control : controls_) {
+        SendMessageA(control->Handle(), message, wParam, lParam);
+      }
+      break;
+    case WM_CLOSE:
+      // A message box or modal form is in front; the form waits for it.
+      if (IsWindowEnabled(window_)) Unload();
+      return 0;
+    case kUnloadPending:
+      if (closePending_ && handlersRunning_ == 0) UnloadNow();
+      return 0;
+    default:
+      break;
+  }
+  return DefWindowProcA(window_, message, wParam, lParam);
+}
+
+LRESULT Form::OnActivate(WPARAM wParam, LPARAM lParam) {
+  // A plain window would take the focus itself.
+  if (LOWORD(wParam) == WA_INACTIVE || HIWORD(wParam) != 0) {
+    return DefWindowProcA(window_, WM_ACTIVATE, wParam, lParam);
+  }
+  RestoreFocus();
+  return 0;
+}
+
+void Form::RestoreFocus() {
+  if (loading_) return;
+  HWND target = lastFocus_;
+  if (target == nullptr || !IsWindowVisible(target) || !IsWindowEnabled(target)) {
+    target = GetNextDlgTabItem(window_, nullptr, FALSE);
+  }
+  if (target != nullptr && IsWindowVisible(target) && IsWindowEnabled(target)) ::SetFocus(target);
+}
+
+// After a handler that hid or disabled the control with the focus, the keyboard would be dead.
+void Form::RepairFocus() {
+  if (window_ == nullptr || loading_ || unloading_ || GetActiveWindow() != window_) return;
+  const HWND focusedWindow = GetFocus();
+  if (focusedWindow == nullptr || focusedWindow == window_) {
+    RestoreFocus();
+  } else if (IsChild(window_, focusedWindow) &&
+             (!IsWindowVisible(focusedWindow) || !IsWindowEnabled(focusedWindow))) {
+    const HWND next = GetNextDlgTabItem(window_, focusedWindow, FALSE);
+    if (next != nullptr && IsWindowEnabled(next)) ::SetFocus(next);
+  }
+}
+
+void Form::OnSize(WPARAM wParam) {
+  if (loading_ || wParam == SIZE_MINIMIZED) return;
+  RECT client = {};
+  GetClientRect(window_, &client);
+  if (client.right == clientSize_.cx && client.bottom == clientSize_.cy) return;
+  clientSize_ = {client.right, client.bottom};
+  Relayout();
+  RunHandler([this] { Form_Resize(); });
+}
+
+void Form::OnMinMaxInfo(MINMAXINFO& limits) const {
+  const SIZE least = WindowSizeFor(minimum_, static_cast<DWORD>(GetWindowLongA(window_, GWL_STYLE)),
+                                   static_cast<DWORD>(GetWindowLongA(window_, GWL_EXSTYLE)), dpi_);
+  limits.ptMinTrackSize = {least.cx, least.cy};
+}
+
+void Form::OnDpiChanged(int dpi, const RECT& suggested) {
+  dpi_ = dpi;
+  RefreshFonts();
+  Relayout();
+  SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
+               suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+}
+
+bool Form::HoldPointer() const {
+  if (pointer_ != PointerShape::Hourglass) return false;
+  SetCursor(LoadCursorA(nullptr, IDC_WAIT));
+  return true;
+}
+
+void Form::SetPointer(PointerShape shape) {
+  pointer_ = shape;
+  POINT at = {};
+  GetCursorPos(&at);
+  const HWND under = WindowFromPoint(at);
+  // At once, as nothing asks for the pointer before it next moves.
+  if (under == nullptr || (under != window_ && !IsChild(window_, under))) return;
+  if (!HoldPointer()) SetCursor(LoadCursorA(nullptr, IDC_ARROW));
+}
+
+}  // namespace tallyrun

@@ -1,0 +1,70 @@
+#include "ui/Layout.h"
+
+#include <algorithm>
+#include <map>
+
+#include "ui/Form.h"
+
+namespace tallyrun {
+
+LayoutArea::LayoutArea(Form& form) : form_(form) {
+  RECT client = {};
+  GetClientRect(form.Handle(), &client);
+  const SIZE least = form.MinimumClientSize();
+  width_ = static_cast<int>(std::max(client.right, least.cx));
+  height_ = static_cast<int>(std::max(client.bottom, least.cy));
+}
+
+int LayoutArea::Scale(int pixelsAt96) const { return form_.Scale(pixelsAt96); }
+
+int LayoutArea::TextWidth(const std::string& text) const {
+  const WindowDc screen(nullptr);
+  const SelectScope selected(screen.Get(), form_.Font());
+  SIZE size = {};
+  GetTextExtentPoint32A(screen.Get(), text.data(), static_cast<int>(text.size()), &size);
+  return static_cast<int>(size.cx);
+}
+
+int LayoutArea::LineHeight() const { return LineHeightOf(form_.Font()); }
+int LayoutArea::BoxHeight() const { return std::max(Scale(23), LineHeight() + Scale(8)); }
+int LayoutArea::ButtonHeight() const { return BoxHeight(); }
+int LayoutArea::ButtonWidth(const std::string& text) const {
+  return std::max(Scale(75), TextWidth(text) + Scale(20));
+}
+int LayoutArea::OptionWidth(const std::string& text) const { return TextWidth(text) + Scale(24); }
+int LayoutArea::DateWidth() const { return TextWidth("00-MMM-0000") + Scale(40); }
+
+void LayoutArea::Place(Control& control, const PixelRect& bounds) {
+  if (control.Handle() == nullptr) return;
+  placements_.push_back({&control,
+                         {bounds.x, bounds.y, std::max(bounds.width, 0),
+                          control.WindowHeightFor(std::max(bounds.height, 0))}});
+}
+
+void LayoutArea::SetMinimum(int width, int height) { minimum_ = {width, height}; }
+
+void LayoutArea::Apply() {
+  // A batch may only hold windows of one parent.
+  std::map<HWND, std::vector<const Placement*>> byParent;
+  for (const Placement& placement : placements_) {
+    byParent[GetParent(placement.control->Handle())].push_back(&placement);
+  }
+  for (const auto& [parent, placed] : byParent) {
+    HDWP batch = BeginDeferWindowPos(static_cast<int>(placed.size()));
+    for (const Placement* placement : placed) {
+      const PixelRect& to = placement->bounds;
+      if (batch != nullptr) {
+        batch = DeferWindowPos(batch, placement->control->Handle(), nullptr, to.x, to.y, to.width,
+                               to.height, SWP_NOZORDER | SWP_NOACTIVATE);
+      }
+    }
+    if (batch != nullptr && EndDeferWindowPos(batch) != FALSE) continue;
+    for (const Placement* placement : placed) {
+      const PixelRect& to = placement->bounds;
+      SetWindowPos(placement->control->Handle(), nullptr, to.x, to.y, to.width, to.height,
+                   SWP_NOZORDER | SWP_NOACTIVATE);
+    }
+  }
+}
+
+}  // namespace tallyrun

@@ -1,0 +1,51 @@
+// The drop-down list and the list box. Items count from 0; an index of -1 is no selection.
+#pragma once
+
+#include <string>
+
+#include "ui/Control.h"
+
+namespace tallyrun {
+
+class ComboBox : public Control {
+ public:
+  // Another item was selected, by the clerk or by SetListIndex.
+  Event<> Click;
+
+  void Create(ControlParent& parent, int id, const std::string& toolTip = "");
+  void AddItem(const std::string& text);
+  void Clear();
+  int ListCount() const;
+  int ListIndex() const;
+  void SetListIndex(int index);
+  std::string ItemText(int index) const;
+  // The selected item's text, or "".
+  std::string SelectedText() const { return ItemText(ListIndex()); }
+
+  int WindowHeightFor(int height) override;
+  void OnCommand(int code) override;
+
+ private:
+  void NoteSelection();
+
+  int selected_ = -1;  // the selection that Click last told of
+};
+
+class ListBox : public Control {
+ public:
+  Event<> Click;  // the clerk selected an item
+  Event<> DblClick;
+
+  void Create(ControlParent& parent, int id, const std::string& toolTip = "");
+  void AddItem(const std::string& text);
+  void RemoveItem(int index);
+  void Clear();
+  int ListCount() const;
+  int ListIndex() const;
+  void SetListIndex(int index);
+  std::string ItemText(int index) const;
+
+  void OnCommand(int code) override;
+};
+
+}  // namespace tallyrun
