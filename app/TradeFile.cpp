@@ -4,9 +4,9 @@
 #include <string_view>
 #include <vector>
 
+#include "app/ConfirmLoading.h"
 #include "app/RowLookups.h"
 #include "core/GridRows.h"
-#include "core/Platform.h"
 #include "core/RuntimeError.h"
 #include "core/modFileIO.h"
 
@@ -110,11 +110,8 @@ std::optional<TradeFileName> ReadTradeFileName(const std::string& path) {
 
 std::string TradeSideOf(const EntryModeTexts& mode) { return mode == kPayIn ? "S" : "B"; }
 
-void LoadTradeFile(FlexGrid& grid, const std::string& path, const std::string& side) {
-  if (!IsGridEmpty(grid) && !Ask("Unsaved data will be lost.\r\nAre you sure to continue?",
-                                 "Confirm Loading", MessageIcon::Question)) {
-    return;
-  }
+bool LoadTradeFile(FlexGrid& grid, const std::string& path, const std::string& side) {
+  if (!IsGridEmpty(grid) && !ConfirmLoading()) return false;
   ClearEntryGrid(grid);
   const std::string text = ReadWholeFile(path);
   const std::vector<std::string_view> lines = Split(text, kLineEnd);
@@ -128,6 +125,7 @@ void LoadTradeFile(FlexGrid& grid, const std::string& path, const std::string& s
     throw;
   }
   grid.SetRows(rows.Filled() + 1);
+  return true;
 }
 
 }  // namespace tallyrun

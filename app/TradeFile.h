@@ -23,8 +23,9 @@ std::optional<TradeFileName> ReadTradeFileName(const std::string& path);
 std::string TradeSideOf(const EntryModeTexts& mode);
 
 // Fills the sheet with the trades of one side ("B" or "S"), after asking when there are rows to
-// lose. Raises the file's error, SubscriptOutOfRange at a line too short for its fields and
-// TypeMismatch at a trade date that is none; the rows filled so far stay.
-void LoadTradeFile(FlexGrid& grid, const std::string& path, const std::string& side);
+// lose; false when the clerk would rather keep them. Raises the file's error, SubscriptOutOfRange
+// at a line too short for its fields and TypeMismatch at a trade date that is none; the rows filled
+// so far stay.
+bool LoadTradeFile(FlexGrid& grid, const std::string& path, const std::string& side);
 
 }  // namespace tallyrun
