@@ -8,6 +8,8 @@ namespace tallyrun {
 namespace {
 
 constexpr UINT_PTR kSubclassId = 1;
+// The window property that leads from a window to its control.
+constexpr char kControlProperty[] = "TallyrunControl";
 
 bool KeyIsDown(int key) { return GetKeyState(key) < 0; }
 
@@ -49,23 +51,21 @@ void Control::CreateControl(ControlParent& parent, const char* windowClass, cons
       GetModuleHandleA(nullptr), nullptr);
   if (window == nullptr) throw RuntimeError(ErrorKind::OutOfMemory);
   window_ = window;
+  SetPropA(window, kControlProperty, static_cast<Control*>(this));
   SetWindowSubclass(window, WindowProc, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
   form_->Adopt(*this);
   if (!toolTip_.empty()) form_->ShowToolTip(*this);
 }
 
 Control* Control::FromHandle(HWND window) {
-  DWORD_PTR control = 0;
-  if (window == nullptr || !GetWindowSubclass(window, WindowProc, kSubclassId, &control)) {
-    return nullptr;
-  }
-  return reinterpret_cast<Control*>(control);
+  return static_cast<Control*>(GetPropA(window, kControlProperty));
 }
 
 LRESULT CALLBACK Control::WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
                                      UINT_PTR, DWORD_PTR control) noexcept {
   auto* const self = reinterpret_cast<Control*>(control);
   if (message == WM_NCDESTROY) {
+    RemovePropA(window, kControlProperty);
     RemoveWindowSubclass(window, WindowProc, kSubclassId);
     self->WindowGone();
     return DefSubclassProc(window, message, wParam, lParam);

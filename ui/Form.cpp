@@ -4,6 +4,7 @@
 
 #include "core/Platform.h"
 #include "core/RuntimeError.h"
+#include "resources/ResourceIds.h"
 #include "ui/FormMessages.h"
 #include "ui/MessageLoop.h"
 
@@ -191,7 +192,7 @@ void Form::RegisterWindowClass() const {
   windowClass.cbSize = sizeof windowClass;
   windowClass.lpfnWndProc = WindowProc;
   windowClass.hInstance = program;
-  windowClass.hIcon = LoadIconA(program, MAKEINTRESOURCEA(kApplicationIcon));
+  windowClass.hIcon = LoadIconA(program, MAKEINTRESOURCEA(TALLYRUN_ICON));
   windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
   windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
   windowClass.lpszClassName = name_;

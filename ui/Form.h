@@ -23,9 +23,9 @@ namespace tallyrun {
 struct FormOptions {
   int width = 640;  // of the client area, in pixels at 96 DPI
   int height = 480;
-  bool sizable = true;       // otherwise exactly as large as the layout's minimum
-  bool endsProgram = false;  // the main form: the program ends with it
-  std::string fontFace;      // instead of the message font's face
+  bool sizable = true;        // otherwise exactly as large as the layout's minimum
+  bool endsProgram = false;   // the main form: the program ends with it
+  std::string fontFace = "";  // instead of the message font's face
 };
 
 class Form : public BusyWindow, public ControlParent {

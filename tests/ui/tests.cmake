@@ -1,0 +1,3 @@
+list(APPEND windows_tests
+  ui/FormTest.cpp
+)
