@@ -1,7 +1,9 @@
 list(APPEND portable_tests
-  core/BoIdFormatTest.cpp core/FlexGridTest.cpp
+  core/BoIdFormatTest.cpp
+  core/FlexGridTest.cpp
   core/GridGeometryTest.cpp
   core/GridRowsTest.cpp
+  core/RowChecksTest.cpp
   core/SortGridTest.cpp
 )
 list(APPEND portable_tests core/FileTest.cpp)
