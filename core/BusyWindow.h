@@ -16,4 +16,10 @@ class BusyWindow {
   virtual void SetPointer(PointerShape shape) = 0;
 };
 
+// Ends a long operation's signs: the caption it kept and the normal pointer.
+inline void EndBusy(BusyWindow& window, const std::string& savedCaption) {
+  window.SetPointer(PointerShape::Normal);
+  window.SetCaption(savedCaption);
+}
+
 }  // namespace tallyrun

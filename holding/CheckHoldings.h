@@ -1,0 +1,46 @@
+// The holding check: the sheet's quantities against the depository's holding file, and the rule
+// that rows are summarised before they are sent. Asks and tells through the platform; what it
+// needs of its windows it is given.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "core/BusyWindow.h"
+#include "core/FlexGrid.h"
+
+namespace tallyrun {
+
+// The problems of the last check, a line each; emptied when a check begins.
+extern std::string HoldingMessage;
+
+// What a check works on. Nothing is owned.
+struct HoldingCheck {
+  FlexGrid& entries;
+  BusyWindow& window;
+  const std::string& savedCaption;           // put back on every way out
+  std::function<void()> repaintEntries;      // paints the grid at once
+  std::function<void()> showHoldingMessage;  // shows HoldingMessage in a fresh modal window
+};
+
+// Asks for the holding file and checks every row against it. True (stop) when the clerk
+// cancelled, when a row fails and when the check could not be made; each has been shown.
+bool CheckHoldings(const HoldingCheck& check);
+
+// Checks every row against the file at `path`; as above. The file is read once.
+bool CheckHoldingFile(const HoldingCheck& check, const std::string& path);
+
+// True when `quantity` is covered by the balance at the end of `holdingLine`, the first line of
+// the file that has the BO ID and the ISIN; else adds the reason to HoldingMessage. Raises
+// TypeMismatch when the balance is no number.
+bool CompareHolding(const std::optional<std::string_view>& holdingLine, std::string_view boId,
+                    std::string_view isin, std::int32_t quantity);
+
+// True (stop), after a message, when two neighbouring rows have the same BO ID and ISIN; selects
+// the first of them.
+bool CheckSummarized(const HoldingCheck& check);
+
+}  // namespace tallyrun
