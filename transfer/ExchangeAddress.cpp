@@ -1,0 +1,8 @@
+// The one place that the build's exchange address goes into.
+#include "transfer/FtpScript.h"
+
+namespace tallyrun {
+
+const char kExchangeAddress[] = TALLYRUN_EXCHANGE_ADDRESS;
+
+}  // namespace tallyrun

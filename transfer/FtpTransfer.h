@@ -1,0 +1,16 @@
+// Running a script against the exchange: the one way to reach it. The files of a transfer lie in
+// the working folder, so one transfer at a time.
+#pragma once
+
+#include <string>
+
+namespace tallyrun {
+
+// Writes script and batch, runs the batch, waits for it and gives back what the client printed.
+// Deletes nothing. Raises FileNotFound when there is no output at all.
+std::string RunFtpScript(const std::string& script);
+
+// Deletes script, batch and output; what is already gone is no error.
+void RemoveFtpFiles();
+
+}  // namespace tallyrun
