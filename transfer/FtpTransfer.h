@@ -4,6 +4,9 @@
 
 #include <string>
 
+#include "core/BusyWindow.h"
+#include "core/Platform.h"
+
 namespace tallyrun {
 
 // Writes script and batch, runs the batch, waits for it and gives back what the client printed.
@@ -12,5 +15,10 @@ std::string RunFtpScript(const std::string& script);
 
 // Deletes script, batch and output; what is already gone is no error.
 void RemoveFtpFiles();
+
+// Ends the window's busy signs with the outcome: it stands behind the kept caption while the box
+// tells it, and then the caption is as it was kept.
+void TellOutcome(BusyWindow& window, const std::string& savedCaption, const std::string& outcome,
+                 const std::string& title, MessageIcon icon);
 
 }  // namespace tallyrun

@@ -50,14 +50,6 @@ void Archive(const EntrySend& send) {
   WriteWholeFile(ArchivePath(send, sentFolder), send.sheet);
 }
 
-void TellOutcome(const EntrySend& send, const std::string& outcome, const std::string& title,
-                 MessageIcon icon) {
-  send.window.SetCaption(send.savedCaption + "..." + outcome);
-  send.window.SetPointer(PointerShape::Normal);
-  Tell(outcome, title, icon);
-  send.window.SetCaption(send.savedCaption);
-}
-
 void ShowSentFile(const EntrySend& send) {
   send.window.SetPointer(PointerShape::Normal);
   Tell("File already sent. Your sent file will be shown now.", kApplicationTitle,
@@ -118,10 +110,11 @@ void UploadEntryFile(const EntrySend& send) {
   RunTrapped([&send] {
     const std::string output = RunFtpScript(SendScript(send.day, send.fileName));
     if (HasTransferCompleted(output)) {
-      TellOutcome(send, "Records sent to KTX successfully.", "Send succeeded",
-                  MessageIcon::Information);
+      TellOutcome(send.window, send.savedCaption, "Records sent to KTX successfully.",
+                  "Send succeeded", MessageIcon::Information);
     } else {
-      TellOutcome(send, "Records were not sent to KTX.", "Send failed", MessageIcon::Critical);
+      TellOutcome(send.window, send.savedCaption, "Records were not sent to KTX.", "Send failed",
+                  MessageIcon::Critical);
     }
     RemoveFtpFiles();
     Archive(send);

@@ -1,0 +1,28 @@
+// Exchanging a master list with KTX: the BO list goes out, the ISIN list comes in, both over the
+// one transfer mechanism. Knows the grid and the signs of a busy window, not the window itself.
+#pragma once
+
+#include <string>
+
+#include "core/BusyWindow.h"
+#include "core/FlexGrid.h"
+#include "core/Platform.h"
+
+namespace tallyrun {
+
+// The scripts, byte for byte. The server keeps the broker's earlier upload under the moment of
+// the one that replaces it.
+std::string SendBoListScript(const std::string& brokerId, const ClockTime& moment);
+std::string ReceiveIsinListScript();
+
+// Uploads the rows as the grid shows them, saved or not, and tells the outcome. A blank row is
+// told instead, and nothing is sent. The window's caption and pointer are its own again on every
+// way out; an error is raised after that.
+void SendBoList(FlexGrid& grid, BusyWindow& window);
+
+// Downloads the list over ISIN.txt, loads it into the grid while that shows the ISIN list, and
+// tells the outcome. The list before stays as a backup, or comes back when the transfer failed;
+// without one, FileNotFound is raised then and the transfer's files stay behind.
+void ReceiveIsinList(FlexGrid& grid, BusyWindow& window);
+
+}  // namespace tallyrun
