@@ -57,13 +57,13 @@ bool IsAboveOne(std::string_view digits) {
   return exponent > static_cast<long long>(first) - static_cast<long long>(point);
 }
 
-// "H" or "O" (or nothing) and the digits of a hexadecimal or octal number.
+// What follows the "&": "H" and hexadecimal digits, or "O" and octal ones.
 Reading ReadBased(std::string_view text, double& value) {
   int base = 8;
   if (TakeFront(text, 'H') || TakeFront(text, 'h')) {
     base = 16;
-  } else if (!TakeFront(text, 'O')) {
-    TakeFront(text, 'o');
+  } else if (!TakeFront(text, 'O') && !TakeFront(text, 'o')) {
+    return Reading::NoNumber;
   }
   std::uint64_t number = 0;
   const char* const end = text.data() + text.size();

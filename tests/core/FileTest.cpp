@@ -1,5 +1,6 @@
 #include <functional>
 #include <gmock/gmock.h>
+#include <thread>
 
 #include "core/GridRows.h"
 #include "core/RuntimeError.h"
@@ -59,6 +60,20 @@ TEST_F(FileTest, WritingReplacesTheWholeOfALongerFileAndLeavesNothingBeside) {
   WriteWholeFile(folder / "data.txt", "new");
   EXPECT_EQ(folder.Read("data.txt"), "new");
   EXPECT_EQ(folder.EntryCount(), 1);
+}
+
+TEST_F(FileTest, WritersInOneFolderKeepTheirFilesApart) {
+  const auto write = [this](const std::string& name, char letter) {
+    for (std::size_t length = 1; length <= 30; ++length) {
+      WriteWholeFile(folder / name, std::string(length * 1000, letter));
+    }
+  };
+  std::thread other([&] { write("b.txt", 'b'); });
+  write("a.txt", 'a');
+  other.join();
+  EXPECT_TRUE(folder.Read("a.txt") == std::string(30000, 'a'));
+  EXPECT_TRUE(folder.Read("b.txt") == std::string(30000, 'b'));
+  EXPECT_EQ(folder.EntryCount(), 2);
 }
 
 TEST_F(FileTest, ReadOnlyFileIsNeitherWrittenNorDeleted) {
@@ -125,8 +140,9 @@ TEST_F(FileTest, FolderExistsOnlyForFolders) {
 }
 
 TEST_F(FileTest, ListFilesGivesMatchingNamesInOrderIgnoringCase) {
-  for (const char* name : {"2010-05-07_08-00-00_BO.txt", "2010-05-06_14-30-05_BO.txt", "BO.txt",
-                           "a_bo.TXT", "Z_BO.txt", "ISIN.txt", "BO.txt.bak", "BO.tx"}) {
+  for (const char* name :
+       {"2010-05-07_08-00-00_BO.txt", "2010-05-06_14-30-05_BO.txt", "BO.txt", "a_bo.TXT",
+        "Z_BO.txt", "ISIN.txt", "BO.txt.bak", "BO.tx", "long_name_BO.txtx"}) {
     folder.Write(name, "x");
   }
   CreateFolder(folder / "folder_BO.txt");

@@ -13,3 +13,4 @@ list(APPEND portable_tests
   core/RecordListTest.cpp
   core/SettingsTest.cpp
 )
+list(APPEND windows_tests core/ConversionSystemTest.cpp core/FileSystemTest.cpp)
