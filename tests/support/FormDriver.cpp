@@ -1,0 +1,64 @@
+#include "tests/support/FormDriver.h"
+
+#include <cctype>
+#include <chrono>
+
+#include "core/Platform.h"
+#include "ui/MessageLoop.h"
+
+namespace tallyrun::testing {
+namespace {
+
+constexpr std::chrono::seconds kPatience(10);
+constexpr DWORD kPollMilliseconds = 10;
+
+LPARAM KeyParameter(int virtualKey, bool released) {
+  const auto scanCode = MapVirtualKeyA(static_cast<UINT>(virtualKey), MAPVK_VK_TO_VSC);
+  constexpr LPARAM kReleased = 0xC0000000;
+  return static_cast<LPARAM>(1 | scanCode << 16) | (released ? kReleased : 0);
+}
+
+}  // namespace
+
+void Pump() {
+  try {
+    PumpMessages();
+  } catch (const ProgramEnding&) {
+    RunMessageLoop();
+  }
+}
+
+bool PumpUntil(const std::function<bool()>& condition) {
+  const auto end = std::chrono::steady_clock::now() + kPatience;
+  for (;;) {
+    Pump();
+    if (condition()) return true;
+    if (std::chrono::steady_clock::now() > end) return false;
+    MsgWaitForMultipleObjects(0, nullptr, FALSE, kPollMilliseconds, QS_ALLINPUT);
+  }
+}
+
+void ClickOn(const Control& control) {
+  const PixelRect bounds = control.Bounds();
+  const LPARAM middle = MAKELPARAM(bounds.width / 2, bounds.height / 2);
+  PostMessageA(control.Handle(), WM_LBUTTONDOWN, MK_LBUTTON, middle);
+  PostMessageA(control.Handle(), WM_LBUTTONUP, 0, middle);
+  Pump();
+}
+
+void PressKey(int virtualKey) {
+  const auto key = static_cast<WPARAM>(virtualKey);
+  PostMessageA(GetFocus(), WM_KEYDOWN, key, KeyParameter(virtualKey, false));
+  Pump();
+  // Released where the focus is by then.
+  PostMessageA(GetFocus(), WM_KEYUP, key, KeyParameter(virtualKey, true));
+  Pump();
+}
+
+void TypeText(const std::string& text) {
+  for (const char character : text) {
+    PressKey(std::toupper(static_cast<unsigned char>(character)));
+  }
+}
+
+}  // namespace tallyrun::testing
