@@ -187,6 +187,7 @@ void FlexGrid::SetLeftCol(int col) {
 }
 
 void FlexGrid::SetPageRows(int rows) {
+  if (std::max(1, rows) == pageRows_) return;
   pageRows_ = std::max(1, rows);
   SetTopRow(topRow_);
   MarkChanged();

@@ -1,5 +1,6 @@
 list(APPEND portable_tests ui/CommandLineTest.cpp)
 list(APPEND windows_tests
   support/FormDriver.cpp
+  ui/FlexGridControlTest.cpp
   ui/FormTest.cpp
 )

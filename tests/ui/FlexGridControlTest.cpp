@@ -1,0 +1,460 @@
+// The grid's window under real messages: what mouse, keys, wheel, scroll bars and header do to
+// the data, what is reported to the form, and what is painted where.
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <array>
+#include <functional>
+#include <gtest/gtest.h>
+#include <string>
+#include <utility>
+#include <vector>
+
+#include "ui/FlexGridControl.h"
+#include "ui/Form.h"
+#include "ui/Handles.h"
+#include "ui/TextBox.h"
+
+namespace tallyrun {
+namespace {
+
+enum ControlId { kGridId = 100, kEditorId };
+
+FormOptions SmallForm() {
+  FormOptions options;
+  options.width = 500;
+  options.height = 300;
+  return options;
+}
+
+class GridForm : public Form {
+ public:
+  GridForm() : Form("GridFormTest", SmallForm()) {}
+
+  FlexGridControl flxGrid;
+  TextBox txtOther;
+
+ protected:
+  void CreateControls() override {
+    txtOther.Create(*this, kEditorId);
+    flxGrid.Create(*this, kGridId);
+  }
+  void Layout(LayoutArea& area) override {
+    area.Place(txtOther, {10, 10, 100, area.BoxHeight()});
+    area.Place(flxGrid, {10, 50, area.Width() - 20, area.Height() - 60});
+  }
+};
+
+// The wheel's message parameter for a turn by `delta`.
+WPARAM WheelBy(int delta) { return static_cast<WPARAM>(static_cast<WORD>(delta)) << 16; }
+
+class FlexGridControlTest : public ::testing::Test {
+ protected:
+  static constexpr int kCols = 8;
+  static constexpr int kColWidth = 1500;  // twips
+
+  FlexGridControlTest() {
+    form_.Show();
+    form_.flxGrid.SetFocus();
+    grid_.SetCols(kCols);
+    for (int col = 0; col < kCols; ++col) {
+      grid_.SetText(0, col, "Caption " + std::to_string(col));
+      grid_.SetColWidth(col, kColWidth);
+    }
+    LoadRows(100);
+    control_.Redraw();
+  }
+  ~FlexGridControlTest() override { form_.Unload(); }
+
+  void LoadRows(int rows) {
+    grid_.SetRows(rows + 1);
+    for (int row = 1; row <= rows; ++row) grid_.SetText(row, 0, std::to_string(row));
+  }
+
+  LRESULT Send(UINT message, WPARAM wParam = 0, LPARAM lParam = 0) {
+    return SendMessageA(control_.Handle(), message, wParam, lParam);
+  }
+  void Mouse(UINT message, int x, int y, WPARAM keys = 0) { Send(message, keys, MAKELPARAM(x, y)); }
+  void MouseAt(UINT message, int row, int col, WPARAM keys = 0) {
+    const GridRect cell = control_.CellBounds(row, col);
+    Mouse(message, cell.left + cell.width / 2, cell.top + cell.height / 2, keys);
+  }
+  void Click(int row, int col, WPARAM keys = 0) {
+    MouseAt(WM_LBUTTONDOWN, row, col, keys | MK_LBUTTON);
+    MouseAt(WM_LBUTTONUP, row, col, keys);
+  }
+  void Key(int key, bool shift = false, bool control = false) {
+    std::array<BYTE, 256> state = {};
+    state[VK_SHIFT] = shift ? 0x80 : 0;
+    state[VK_CONTROL] = control ? 0x80 : 0;
+    SetKeyboardState(state.data());
+    Send(WM_KEYDOWN, static_cast<WPARAM>(key));
+    state = {};
+    SetKeyboardState(state.data());
+  }
+
+  GridCell Current() const { return {grid_.Row(), grid_.Col()}; }
+  GridCell Corner() const { return {grid_.RowSel(), grid_.ColSel()}; }
+  HWND Header() const { return FindWindowExA(control_.Handle(), nullptr, WC_HEADERA, nullptr); }
+  RECT Client() const {
+    RECT client = {};
+    GetClientRect(control_.Handle(), &client);
+    return client;
+  }
+  SCROLLINFO ScrollBar(int bar) const {
+    SCROLLINFO info = {};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_ALL;
+    GetScrollInfo(control_.Handle(), bar, &info);
+    return info;
+  }
+
+  GridForm form_;
+  FlexGridControl& control_ = form_.flxGrid;
+  FlexGrid& grid_ = control_.Grid();
+};
+
+TEST_F(FlexGridControlTest, ClicksMakeCellsCurrentAndExtendTheBlock) {
+  form_.txtOther.SetFocus();
+  Click(3, 2);
+  EXPECT_TRUE(control_.HasFocus());
+  EXPECT_EQ(Current(), (GridCell{3, 2}));
+  EXPECT_EQ(Corner(), (GridCell{3, 2}));
+  Click(1, 1, MK_SHIFT);
+  EXPECT_EQ(Current(), (GridCell{3, 2}));
+  EXPECT_EQ(Corner(), (GridCell{1, 1}));
+  LoadRows(2);
+  Mouse(WM_LBUTTONDOWN, 20, Client().bottom - 5);
+  Mouse(WM_LBUTTONUP, 20, Client().bottom - 5);
+  EXPECT_EQ(Corner(), (GridCell{1, 1})) << "there is no cell below the last row";
+}
+
+TEST_F(FlexGridControlTest, DraggingSelectsABlockAndScrollsPastTheEdge) {
+  MouseAt(WM_LBUTTONDOWN, 2, 1, MK_LBUTTON);
+  MouseAt(WM_MOUSEMOVE, 4, 2, MK_LBUTTON);
+  EXPECT_EQ(Current(), (GridCell{2, 1}));
+  EXPECT_EQ(Corner(), (GridCell{4, 2}));
+  EXPECT_EQ(grid_.TopRow(), 1);
+  const int firstBelow = grid_.TopRow() + grid_.PageRows();
+  for (int step = 0; step < 3; ++step) Mouse(WM_MOUSEMOVE, 20, Client().bottom + 30, MK_LBUTTON);
+  EXPECT_EQ(Current(), (GridCell{2, 1}));
+  EXPECT_EQ(Corner(), (GridCell{firstBelow + 2, 0}));
+  EXPECT_EQ(grid_.TopRow(), 4);
+  Mouse(WM_LBUTTONUP, 20, Client().bottom + 30);
+  EXPECT_NE(GetCapture(), control_.Handle());
+  MouseAt(WM_MOUSEMOVE, 5, 2);
+  EXPECT_EQ(Corner(), (GridCell{firstBelow + 2, 0})) << "the button is up";
+}
+
+TEST_F(FlexGridControlTest, RightClicksKeepTheBlockTheyFallInto) {
+  std::vector<MouseEvent> reports;
+  GridCell atReport;
+  control_.MouseUp.Set([&](MouseEvent mouse) {
+    reports.push_back(mouse);
+    atReport = Current();
+  });
+  grid_.SetRow(2);
+  grid_.SetCol(1);
+  grid_.SetRowSel(4);
+  const auto rightClick = [&](int row, int col) {
+    MouseAt(WM_RBUTTONDOWN, row, col, MK_RBUTTON);
+    MouseAt(WM_RBUTTONUP, row, col);
+  };
+  rightClick(3, 1);
+  EXPECT_EQ(Corner(), (GridCell{4, 1}));
+  rightClick(6, 2);
+  EXPECT_EQ(Corner(), (GridCell{6, 2}));
+  EXPECT_EQ(atReport, (GridCell{6, 2})) << "current before the form hears of it";
+  ASSERT_EQ(reports.size(), 2u);
+  EXPECT_EQ(reports[1].button, 2);
+  const GridRect cell = control_.CellBounds(6, 2);
+  EXPECT_EQ(reports[1].x, cell.left + cell.width / 2);
+  Click(1, 0);
+  ASSERT_EQ(reports.size(), 3u);
+  EXPECT_EQ(reports[2].button, 1);
+  Send(WM_CONTEXTMENU, 0, -1);
+  ASSERT_EQ(reports.size(), 4u);
+  EXPECT_EQ(reports[3].button, 2) << "the menu key";
+}
+
+TEST_F(FlexGridControlTest, DoubleClicksOnACellAreReported) {
+  std::vector<GridCell> cells;
+  control_.DblClick.Set([&] { cells.push_back(Current()); });
+  Click(4, 3);
+  MouseAt(WM_LBUTTONDBLCLK, 4, 3, MK_LBUTTON);
+  MouseAt(WM_LBUTTONUP, 4, 3);
+  LoadRows(2);
+  Mouse(WM_LBUTTONDBLCLK, 20, Client().bottom - 5);
+  EXPECT_EQ(cells, (std::vector<GridCell>{{4, 3}}));
+}
+
+TEST_F(FlexGridControlTest, KeysMoveTheCurrentCellUnlessTheFormTakesThem) {
+  struct Case {
+    int key;
+    bool shift, control;
+    GridCell current, corner;
+  };
+  const int page = grid_.PageRows();
+  const std::vector<Case> cases = {
+      {VK_DOWN, false, false, {2, 0}, {2, 0}},
+      {VK_RIGHT, false, false, {2, 1}, {2, 1}},
+      {VK_NEXT, false, false, {2 + page, 1}, {2 + page, 1}},
+      {VK_PRIOR, false, false, {2, 1}, {2, 1}},
+      {VK_END, false, false, {2, kCols - 1}, {2, kCols - 1}},
+      {VK_HOME, false, false, {2, 0}, {2, 0}},
+      {VK_DOWN, true, false, {2, 0}, {3, 0}},
+      {VK_RIGHT, true, false, {2, 0}, {3, 1}},
+      {VK_END, true, true, {2, 0}, {100, kCols - 1}},
+      {VK_UP, false, false, {1, 0}, {1, 0}},
+      {VK_END, false, true, {100, kCols - 1}, {100, kCols - 1}},
+      {VK_LEFT, false, false, {100, kCols - 2}, {100, kCols - 2}},
+      {VK_HOME, false, true, {1, 0}, {1, 0}},
+  };
+  for (const Case& each : cases) {
+    Key(each.key, each.shift, each.control);
+    EXPECT_EQ(Current(), each.current) << "key " << each.key;
+    EXPECT_EQ(Corner(), each.corner) << "key " << each.key;
+  }
+  control_.KeyDown.Set([](KeyEvent& key) { key.handled = true; });
+  Key(VK_DOWN);
+  EXPECT_EQ(Current(), (GridCell{1, 0}));
+}
+
+TEST_F(FlexGridControlTest, EnterReachesItAndTabLeavesIt) {
+  const auto wants = [&](WPARAM key) {
+    MSG message = {};
+    message.hwnd = control_.Handle();
+    message.message = WM_KEYDOWN;
+    message.wParam = key;
+    return (Send(WM_GETDLGCODE, key, reinterpret_cast<LPARAM>(&message)) &
+            (DLGC_WANTALLKEYS | DLGC_WANTTAB)) != 0;
+  };
+  EXPECT_TRUE(wants(VK_RETURN));
+  EXPECT_FALSE(wants(VK_TAB));
+  EXPECT_EQ(Send(WM_GETDLGCODE) & (DLGC_WANTARROWS | DLGC_WANTCHARS),
+            DLGC_WANTARROWS | DLGC_WANTCHARS);
+  int pressed = 0;
+  control_.KeyPress.Set([&](KeyEvent& key) { pressed = key.key; });
+  Send(WM_CHAR, '\r');
+  EXPECT_EQ(pressed, '\r');
+}
+
+TEST_F(FlexGridControlTest, EveryWayOfScrollingIsReportedAtOnce) {
+  int reports = 0;
+  control_.Scroll.Set([&] { ++reports; });
+  const int page = grid_.PageRows();
+  const std::vector<std::pair<const char*, std::function<void()>>> steps = {
+      {"line down", [&] { Send(WM_VSCROLL, SB_LINEDOWN); }},
+      {"page down", [&] { Send(WM_VSCROLL, SB_PAGEDOWN); }},
+      {"wheel", [&] { Send(WM_MOUSEWHEEL, WheelBy(-WHEEL_DELTA)); }},
+      {"column right", [&] { Send(WM_HSCROLL, SB_LINERIGHT); }},
+      {"wheel to the side", [&] { Send(WM_MOUSEHWHEEL, WheelBy(WHEEL_DELTA)); }},
+      {"the program", [&] { grid_.SetTopRow(50); }},
+      {"key", [&] { Key(VK_HOME, false, true); }},
+      {"end", [&] { Send(WM_VSCROLL, SB_BOTTOM); }},
+      {"right end", [&] { Send(WM_HSCROLL, SB_RIGHT); }},
+      {"rows removed", [&] { grid_.SetRows(50); }},
+  };
+  for (const auto& [what, step] : steps) {
+    const int before = reports;
+    step();
+    EXPECT_GT(reports, before) << what;
+  }
+  EXPECT_EQ(grid_.TopRow(), 50 - page);
+  reports = 0;
+  Send(WM_VSCROLL, SB_LINEDOWN);
+  Send(WM_HSCROLL, SB_LINERIGHT);
+  Click(grid_.TopRow() + 1, kCols - 1);
+  EXPECT_EQ(reports, 0) << "nothing moved";
+}
+
+TEST_F(FlexGridControlTest, KeepsTheWheelsRemainder) {
+  UINT lines = 3;
+  SystemParametersInfoA(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
+  for (int part = 0; part < 4; ++part) Send(WM_MOUSEWHEEL, WheelBy(-WHEEL_DELTA / 4));
+  EXPECT_EQ(grid_.TopRow(), 1 + std::min(static_cast<int>(lines), grid_.PageRows()));
+}
+
+TEST_F(FlexGridControlTest, ScrollBarsFollowTheDataAndNeverTakeRoom) {
+  const RECT full = Client();
+  SCROLLINFO rows = ScrollBar(SB_VERT);
+  EXPECT_EQ(rows.nMax, 99);
+  EXPECT_EQ(rows.nPage, static_cast<UINT>(grid_.PageRows()));
+  grid_.SetTopRow(40);
+  grid_.SetLeftCol(2);
+  EXPECT_EQ(ScrollBar(SB_VERT).nPos, 39);
+  EXPECT_EQ(ScrollBar(SB_HORZ).nPos, 2);
+  LoadRows(1);
+  grid_.SetCols(1);
+  control_.Redraw();
+  EXPECT_EQ(Client().right, full.right);
+  EXPECT_EQ(Client().bottom, full.bottom);
+  SCROLLBARINFO bar = {};
+  bar.cbSize = sizeof bar;
+  GetScrollBarInfo(control_.Handle(), OBJID_VSCROLL, &bar);
+  EXPECT_EQ(bar.rgstate[0] & STATE_SYSTEM_INVISIBLE, 0u);
+  EXPECT_GE(ScrollBar(SB_VERT).nPage, 1u);
+}
+
+TEST_F(FlexGridControlTest, TheHeaderShowsTheCaptionsAndDragsTheColumns) {
+  const auto itemAt = [&](int col, std::array<char, 64>& caption) {
+    HDITEMA item = {};
+    item.mask = HDI_TEXT | HDI_WIDTH;
+    item.pszText = caption.data();
+    item.cchTextMax = static_cast<int>(caption.size());
+    SendMessageA(Header(), HDM_GETITEMA, static_cast<WPARAM>(col), reinterpret_cast<LPARAM>(&item));
+    return item.cxy;
+  };
+  std::array<char, 64> caption = {};
+  EXPECT_EQ(itemAt(3, caption), control_.CellBounds(1, 3).width);
+  EXPECT_STREQ(caption.data(), "Caption 3");
+  grid_.SetText(0, 3, "ISIN Code");
+  grid_.SetColWidth(3, 2 * kColWidth);
+  control_.Redraw();
+  EXPECT_EQ(itemAt(3, caption), control_.CellBounds(1, 3).width);
+  EXPECT_STREQ(caption.data(), "ISIN Code");
+
+  // Dragged while scrolled: the header's own pixels begin with the first column.
+  grid_.SetLeftCol(1);
+  const int border = control_.CellBounds(1, 2).left - control_.CellBounds(1, 0).left;
+  const auto drag = [&](UINT message, int x) {
+    SendMessageA(Header(), message, MK_LBUTTON, MAKELPARAM(x, 5));
+  };
+  form_.txtOther.SetFocus();
+  const int before = control_.CellBounds(1, 1).width;
+  drag(WM_LBUTTONDOWN, border - 1);
+  drag(WM_MOUSEMOVE, border + 29);
+  drag(WM_LBUTTONUP, border + 29);
+  EXPECT_EQ(control_.CellBounds(1, 1).width, before + 30);
+  EXPECT_EQ(grid_.ColWidth(1), PixelsToTwips(before + 30, form_.Dpi()));
+  EXPECT_TRUE(control_.HasFocus());
+  // A column that the clerk made narrow stays so over the next paint.
+  grid_.SetText(5, 0, "x");
+  control_.Redraw();
+  EXPECT_EQ(control_.CellBounds(1, 1).width, before + 30);
+
+  grid_.SetCols(5);
+  control_.Redraw();
+  EXPECT_EQ(SendMessageA(Header(), HDM_GETITEMCOUNT, 0, 0), 5);
+}
+
+TEST_F(FlexGridControlTest, ADoubleClickOnABorderFitsTheColumn) {
+  grid_.SetText(2, 1, "a text much longer than the caption above it");
+  const int border = control_.CellBounds(1, 2).left;
+  SendMessageA(Header(), WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(border - 1, 5));
+  EXPECT_EQ(grid_.ColWidth(1), grid_.Measurer().WidthOf(grid_.Text(2, 1)) + 200);
+}
+
+TEST_F(FlexGridControlTest, TheEditorsPlaceIsWhatIsSeenOfTheCell) {
+  const PixelRect whole = control_.CellBoundsInParent(2, 1);
+  EXPECT_EQ(whole.width, control_.CellBounds(2, 1).width);
+  EXPECT_EQ(whole.height, control_.CellBounds(2, 1).height);
+  POINT origin = {0, 0};
+  MapWindowPoints(control_.Handle(), form_.Handle(), &origin, 1);
+  EXPECT_EQ(whole.x, origin.x + control_.CellBounds(2, 1).left);
+  EXPECT_EQ(whole.y, origin.y + control_.CellBounds(2, 1).top);
+  EXPECT_EQ(control_.CellBoundsInParent(90, 1), PixelRect{});
+  grid_.SetColWidth(2, 30'000);
+  control_.ShowCell(90, 2);
+  EXPECT_EQ(grid_.LeftCol(), 2);
+  EXPECT_TRUE(grid_.IsRowVisible(90));
+  EXPECT_EQ(control_.CellBoundsInParent(90, 2).width, Client().right);
+}
+
+TEST_F(FlexGridControlTest, ItsWindowTextIsTheCurrentCells) {
+  grid_.SetRow(42);
+  grid_.SetCol(0);
+  EXPECT_EQ(control_.Text(), "42");
+  grid_.SetText(42, 0, "ABC LTD");
+  std::array<char, 4> few = {};
+  EXPECT_EQ(Send(WM_GETTEXT, few.size(), reinterpret_cast<LPARAM>(few.data())), 3);
+  EXPECT_STREQ(few.data(), "ABC");
+}
+
+TEST_F(FlexGridControlTest, OneChangeOrManyCauseOnePaint) {
+  const auto needsPaint = [&] { return GetUpdateRect(control_.Handle(), nullptr, FALSE) != FALSE; };
+  ASSERT_FALSE(needsPaint());
+  grid_.SetText(1, 1, "a");
+  grid_.SetText(1, 2, "b");
+  EXPECT_TRUE(needsPaint());
+  control_.Redraw();
+  EXPECT_FALSE(needsPaint());
+  EXPECT_FALSE(grid_.TakeChanges()) << "the paint took them";
+  grid_.SetText(1, 1, "c");
+  EXPECT_TRUE(needsPaint());
+}
+
+// Counts a colour's pixels in a cell as the control paints it.
+int PixelsOf(const FlexGridControl& control, int row, int col, COLORREF colour) {
+  const WindowDc screen(nullptr);
+  const UniqueDc memory(CreateCompatibleDC(screen.Get()));
+  RECT client = {};
+  GetClientRect(control.Handle(), &client);
+  const UniqueBitmap bitmap(CreateCompatibleBitmap(screen.Get(), client.right, client.bottom));
+  const SelectScope selected(memory.Get(), bitmap.Get());
+  SendMessageA(control.Handle(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(memory.Get()),
+               PRF_CLIENT);
+  const GridRect cell = control.CellBounds(row, col);
+  int pixels = 0;
+  for (int y = cell.top; y < cell.top + cell.height; ++y) {
+    for (int x = cell.left; x < cell.left + cell.width; ++x) {
+      if (GetPixel(memory.Get(), x, y) == colour) ++pixels;
+    }
+  }
+  return pixels;
+}
+
+TEST_F(FlexGridControlTest, ShowsTheBlockAndTheCurrentCell) {
+  const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
+  const auto mostOf = [&](int row, int col) {
+    const GridRect cell = control_.CellBounds(row, col);
+    return cell.width * cell.height / 2;
+  };
+  grid_.SetRow(2);
+  grid_.SetCol(1);
+  EXPECT_GT(PixelsOf(control_, 2, 1, highlight), mostOf(2, 1));
+  EXPECT_EQ(PixelsOf(control_, 3, 1, highlight), 0);
+  grid_.SetRowSel(3);
+  EXPECT_GT(PixelsOf(control_, 3, 1, highlight), mostOf(3, 1));
+  EXPECT_LT(PixelsOf(control_, 2, 1, highlight), mostOf(2, 1)) << "the current cell stands out";
+  form_.txtOther.SetFocus();
+  EXPECT_EQ(PixelsOf(control_, 3, 1, highlight), 0) << "without the focus";
+  EXPECT_GT(PixelsOf(control_, 3, 1, GetSysColor(COLOR_BTNFACE)), mostOf(3, 1));
+}
+
+TEST_F(FlexGridControlTest, AMillionRowsScrollAndPaintLikeAHundred) {
+  constexpr int kRows = 1'000'000;
+  LoadRows(kRows);
+  Key(VK_END, false, true);
+  control_.Redraw();
+  EXPECT_EQ(grid_.TopRow(), kRows + 1 - grid_.PageRows());
+  EXPECT_EQ(ScrollBar(SB_VERT).nPos, grid_.TopRow() - 1);
+  EXPECT_EQ(ScrollBar(SB_VERT).nMax, kRows - 1);
+  Key(VK_PRIOR);
+  control_.Redraw();
+  EXPECT_EQ(grid_.Row(), kRows - grid_.PageRows());
+  Key(VK_HOME);
+  EXPECT_EQ(control_.Text(), std::to_string(kRows - grid_.PageRows()));
+  const GridRect cell = control_.CellBounds(grid_.Row(), 0);
+  EXPECT_GE(cell.top, 0);
+  EXPECT_LT(cell.top, Client().bottom);
+}
+
+TEST_F(FlexGridControlTest, TheDataOutlivesItsWindow) {
+  form_.Unload();
+  grid_.SetText(1, 0, "kept");
+  grid_.SetTopRow(5);
+  EXPECT_EQ(control_.CellBounds(1, 0), GridRect{});
+  form_.Show();
+  EXPECT_EQ(SendMessageA(Header(), HDM_GETITEMCOUNT, 0, 0), kCols);
+  EXPECT_EQ(grid_.Text(1, 0), "kept");
+  int reports = 0;
+  control_.Scroll.Set([&] { ++reports; });
+  grid_.SetTopRow(9);
+  EXPECT_EQ(reports, 1);
+}
+
+}  // namespace
+}  // namespace tallyrun

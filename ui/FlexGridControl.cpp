@@ -1,0 +1,210 @@
+#include "ui/FlexGridControl.h"
+
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <algorithm>
+#include <optional>
+
+#include "core/GridRows.h"
+#include "core/TextMeasurer.h"
+#include "ui/BufferedPaint.h"
+#include "ui/Form.h"
+
+namespace tallyrun {
+namespace {
+
+constexpr char kWindowClass[] = "TallyrunGrid";
+// Sizes in pixels at 96 DPI.
+constexpr int kTextMargin = 6;  // as in the header
+constexpr int kRowSpace = 6;    // above and below a line of text, together
+
+void RegisterGridClass() {
+  WNDCLASSEXA windowClass = {};
+  windowClass.cbSize = sizeof windowClass;
+  const HINSTANCE program = GetModuleHandleA(nullptr);
+  if (GetClassInfoExA(program, kWindowClass, &windowClass) != FALSE) return;
+  windowClass = {};
+  windowClass.cbSize = sizeof windowClass;
+  windowClass.style = CS_DBLCLKS;
+  windowClass.lpfnWndProc = DefWindowProcA;
+  windowClass.hInstance = program;
+  windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
+  windowClass.lpszClassName = kWindowClass;
+  RegisterClassExA(&windowClass);
+}
+
+}  // namespace
+
+FlexGridControl::~FlexGridControl() { grid_.SetObserver(nullptr); }
+
+void FlexGridControl::Create(ControlParent& parent, int id, const std::string& toolTip) {
+  RegisterGridClass();
+  CreateControl(parent, kWindowClass, "",
+                WS_VISIBLE | WS_TABSTOP | WS_BORDER | WS_VSCROLL | WS_HSCROLL | WS_CLIPCHILDREN, 0,
+                id);
+  header_.Create(Handle());
+  grid_.SetObserver(this);
+  SetToolTip(toolTip);
+}
+
+void FlexGridControl::ApplyFont(HFONT font) {
+  if (Handle() == nullptr) return;
+  const int dpi = Owner()->Dpi();
+  look_.font = font;
+  look_.lineHeight = LineHeightOf(font);
+  look_.textMargin = ScaleForDpi(kTextMargin, dpi);
+  rowHeight_ = look_.lineHeight + ScaleForDpi(kRowSpace, dpi);
+  grid_.SetMeasurer(MeasurerFor(font, dpi));
+  header_.ApplyFont(font);
+  OnSize();
+}
+
+GridSizes FlexGridControl::Sizes() const {
+  RECT client = {};
+  GetClientRect(Handle(), &client);
+  return {client.right, client.bottom, Owner()->Dpi(), rowHeight_, header_.Height()};
+}
+
+GridRect FlexGridControl::CellBounds(int row, int col) const {
+  return Handle() == nullptr ? GridRect{} : Geometry().CellBounds(row, col);
+}
+
+PixelRect FlexGridControl::CellBoundsInParent(int row, int col) const {
+  const GridRect cell = CellBounds(row, col);
+  RECT client = {};
+  GetClientRect(Handle(), &client);
+  client.top = header_.Height();
+  RECT seen = {cell.left, cell.top, cell.left + cell.width, cell.top + cell.height};
+  if (IntersectRect(&seen, &seen, &client) == FALSE) return {};
+  MapWindowPoints(Handle(), GetParent(Handle()), reinterpret_cast<POINT*>(&seen), 2);
+  return {seen.left, seen.top, seen.right - seen.left, seen.bottom - seen.top};
+}
+
+void FlexGridControl::ShowCell(int row, int col) {
+  if (Handle() != nullptr) MakeVisible(grid_, Sizes(), {row, col});
+}
+
+void FlexGridControl::Redraw() {
+  RedrawWindow(Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
+}
+
+void FlexGridControl::GridChanged() { Invalidate(); }
+
+void FlexGridControl::GridScrolled() {
+  FollowGrid();
+  Scroll.Raise();
+}
+
+void FlexGridControl::Invalidate() { InvalidateRect(Handle(), nullptr, FALSE); }
+
+void FlexGridControl::OnSize() {
+  grid_.SetPageRows(Geometry().PageRows());
+  FillWidth();
+  FollowGrid();
+  Invalidate();
+}
+
+void FlexGridControl::OnPaint() {
+  FollowGrid();
+  UpdateWindow(header_.Handle());
+  grid_.TakeChanges();
+  const PaintScope paint(Handle());
+  const BufferedPaint buffer(paint.Dc(), paint.Dirty());
+  Paint(buffer.Dc(), paint.Dirty());
+}
+
+void FlexGridControl::Paint(HDC dc, const RECT& dirty) {
+  look_.focused = HasFocus();
+  look_.enabled = Enabled();
+  PaintGrid(dc, grid_, Geometry(), look_, dirty);
+}
+
+// Brings header and scroll bars up to the data. They always show, so that the client size stays.
+void FlexGridControl::FollowGrid() {
+  const GridSizes sizes = Sizes();
+  const GridGeometry geometry(grid_, sizes);
+  header_.Follow(grid_, geometry, sizes.clientWidth);
+  ShowScrollRange(SB_VERT, grid_.Rows() - 2, grid_.PageRows(), grid_.TopRow() - 1);
+  ShowScrollRange(SB_HORZ, grid_.Cols() - 1, grid_.Cols() - geometry.MaxLeftCol(), grid_.LeftCol());
+}
+
+void FlexGridControl::ShowScrollRange(int bar, int last, int page, int position) {
+  SCROLLINFO shown = {};
+  shown.cbSize = sizeof shown;
+  shown.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+  GetScrollInfo(Handle(), bar, &shown);
+  SCROLLINFO wanted = shown;
+  wanted.fMask |= SIF_DISABLENOSCROLL;
+  wanted.nMin = 0;
+  wanted.nMax = std::max(0, last);
+  wanted.nPage = static_cast<UINT>(page);
+  wanted.nPos = position;
+  if (wanted.nMax == shown.nMax && wanted.nPage == shown.nPage && wanted.nPos == shown.nPos) {
+    return;
+  }
+  SetScrollInfo(Handle(), bar, &wanted, TRUE);
+}
+
+LRESULT FlexGridControl::OnHeader(const NMHDR& notification, LPARAM lParam) {
+  if (notification.hwndFrom != header_.Handle() || header_.IsFollowing()) return 0;
+  const auto& change = *reinterpret_cast<const NMHEADERA*>(lParam);
+  switch (notification.code) {
+    case HDN_BEGINTRACKA:
+    case HDN_BEGINTRACKW:
+    case HDN_ITEMCLICKA:
+    case HDN_ITEMCLICKW:
+      SetFocus();
+      return 0;
+    case HDN_ITEMCHANGEDA:
+    case HDN_ITEMCHANGEDW:
+      if (change.pitem != nullptr && (change.pitem->mask & HDI_WIDTH) != 0) {
+        grid_.SetColWidth(change.iItem, PixelsToTwips(change.pitem->cxy, Owner()->Dpi()));
+      }
+      return 0;
+    case HDN_ENDTRACKA:
+    case HDN_ENDTRACKW:
+      FillWidth();
+      return 0;
+    case HDN_DIVIDERDBLCLICKA:
+    case HDN_DIVIDERDBLCLICKW:
+      FitColumn(change.iItem);
+      return 0;
+    default:
+      return Default(WM_NOTIFY, 0, lParam);
+  }
+}
+
+void FlexGridControl::ScrollToCol(int col) {
+  grid_.SetLeftCol(std::min(col, Geometry().MaxLeftCol()));
+}
+
+// Room that has come at the right is filled from the left.
+void FlexGridControl::FillWidth() { ScrollToCol(grid_.LeftCol()); }
+
+// As wide as the caption and the rows in sight need; the whole column could be a million texts.
+void FlexGridControl::FitColumn(int col) {
+  CellScratch scratch;
+  int width = grid_.Measurer().WidthOf(grid_.View(0, col, scratch));
+  const GridGeometry::Range rows = Geometry().VisibleRows();
+  for (int row = rows.first; row <= rows.last; ++row) {
+    width = std::max(width, grid_.Measurer().WidthOf(grid_.View(row, col, scratch)));
+  }
+  grid_.SetColWidth(col, width + kCellMargin);
+  FillWidth();
+}
+
+std::string_view FlexGridControl::CurrentText(CellScratch& scratch) const {
+  return grid_.View(grid_.Row(), grid_.Col(), scratch);
+}
+
+LRESULT FlexGridControl::CopyText(WPARAM size, char* buffer) const {
+  if (size == 0) return 0;
+  CellScratch scratch;
+  const std::string_view text = CurrentText(scratch).substr(0, size - 1);
+  buffer[text.copy(buffer, text.size())] = '\0';
+  return static_cast<LRESULT>(text.size());
+}
+
+}  // namespace tallyrun

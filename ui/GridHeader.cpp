@@ -1,0 +1,64 @@
+#include "ui/GridHeader.h"
+
+#include <commctrl.h>
+
+#include "core/RuntimeError.h"
+
+namespace tallyrun {
+
+void GridHeader::Create(HWND grid) {
+  window_ = CreateWindowExA(0, WC_HEADERA, "", WS_CHILD | WS_VISIBLE | HDS_HORZ | HDS_FULLDRAG, 0,
+                            0, 0, 0, grid, nullptr, GetModuleHandleA(nullptr), nullptr);
+  if (window_ == nullptr) throw RuntimeError(ErrorKind::OutOfMemory);
+}
+
+void GridHeader::Forget() {
+  window_ = nullptr;
+  items_.clear();
+  place_ = {};
+}
+
+void GridHeader::ApplyFont(HFONT font) {
+  SendMessageA(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+  RECT room = {0, 0, 1000, 1000};
+  WINDOWPOS position = {};
+  HDLAYOUT layout = {&room, &position};
+  SendMessageA(window_, HDM_LAYOUT, 0, reinterpret_cast<LPARAM>(&layout));
+  height_ = position.cy;
+}
+
+void GridHeader::Follow(const FlexGrid& grid, const GridGeometry& geometry, int width) {
+  following_ = true;
+  CellScratch scratch;
+  const auto cols = static_cast<std::size_t>(grid.Cols());
+  while (items_.size() > cols) {
+    items_.pop_back();
+    SendMessageA(window_, HDM_DELETEITEM, items_.size(), 0);
+  }
+  for (std::size_t index = 0; index < cols; ++index) {
+    const int col = static_cast<int>(index);
+    Item item{std::string(grid.View(0, col, scratch)), geometry.ColPixels(col)};
+    if (index < items_.size() && items_[index] == item) continue;
+    HDITEMA shown = {};
+    shown.mask = HDI_TEXT | HDI_WIDTH | HDI_FORMAT;
+    shown.pszText = item.caption.data();
+    shown.cxy = item.width;
+    shown.fmt = HDF_LEFT | HDF_STRING;
+    const bool isNew = index == items_.size();
+    SendMessageA(window_, isNew ? HDM_INSERTITEMA : HDM_SETITEMA, index,
+                 reinterpret_cast<LPARAM>(&shown));
+    if (isNew) items_.emplace_back();
+    items_[index] = std::move(item);
+  }
+  // What is scrolled out at the left lies outside the grid's window.
+  const int scrolledOut = -geometry.ColLeft(0);
+  const GridRect place{-scrolledOut, 0, scrolledOut + width, height_};
+  if (place != place_) {
+    SetWindowPos(window_, HWND_TOP, place.left, place.top, place.width, place.height,
+                 SWP_NOACTIVATE);
+    place_ = place;
+  }
+  following_ = false;
+}
+
+}  // namespace tallyrun

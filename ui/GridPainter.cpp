@@ -1,0 +1,99 @@
+#include "ui/GridPainter.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "ui/Handles.h"
+
+namespace tallyrun {
+namespace {
+
+constexpr int kLine = 1;  // the cells' right and bottom border, in pixels at every DPI
+constexpr int kLineColour = COLOR_3DLIGHT;
+
+struct CellColours {
+  int text;  // system colour indexes
+  int back;
+  bool operator==(const CellColours&) const = default;
+};
+
+CellColours ColoursFor(const GridLook& look, bool selected) {
+  if (!look.enabled) return {COLOR_GRAYTEXT, COLOR_BTNFACE};
+  if (!selected) return {COLOR_WINDOWTEXT, COLOR_WINDOW};
+  if (!look.focused) return {COLOR_BTNTEXT, COLOR_BTNFACE};
+  return {COLOR_HIGHLIGHTTEXT, COLOR_HIGHLIGHT};
+}
+
+RECT ToRect(const GridRect& cell) {
+  return {cell.left, cell.top, cell.left + cell.width - kLine, cell.top + cell.height - kLine};
+}
+
+// What there is to draw of a cell's text: no more characters than the cell has pixels, and not
+// the line ends that a file may leave behind a line's last cell.
+std::string_view Drawable(std::string_view text, int pixels) {
+  text = text.substr(0, static_cast<std::size_t>(std::max(pixels, 0)));
+  while (!text.empty() && (text.back() == '\r' || text.back() == '\n')) text.remove_suffix(1);
+  return text;
+}
+
+// Everything but the cells: their border lines, and the room beside and below them.
+void PaintGround(HDC dc, const GridGeometry& geometry, const GridLook& look, const RECT& dirty) {
+  const RECT cells = {0, 0, geometry.ColLeft(geometry.VisibleCols().last + 1),
+                      geometry.RowTop(geometry.VisibleRows().last + 1)};
+  RECT lines = {};
+  IntersectRect(&lines, &cells, &dirty);
+  FillRect(dc, &lines, GetSysColorBrush(kLineColour));
+  const HBRUSH room = GetSysColorBrush(look.enabled ? COLOR_WINDOW : COLOR_BTNFACE);
+  const RECT beside = {std::max(cells.right, dirty.left), dirty.top, dirty.right, dirty.bottom};
+  const RECT below = {dirty.left, std::max(cells.bottom, dirty.top),
+                      std::min(cells.right, dirty.right), dirty.bottom};
+  for (const RECT& rest : {beside, below}) {
+    if (rest.left < rest.right && rest.top < rest.bottom) FillRect(dc, &rest, room);
+  }
+}
+
+void PaintCurrentCell(HDC dc, const FlexGrid& grid, const GridGeometry& geometry,
+                      const GridLook& look) {
+  if (grid.Row() < 1 || !look.enabled) return;
+  const RECT cell = ToRect(geometry.CellBounds(grid.Row(), grid.Col()));
+  if (look.focused) {
+    // The dots are drawn with these two.
+    SetTextColor(dc, GetSysColor(COLOR_WINDOWTEXT));
+    SetBkColor(dc, GetSysColor(COLOR_WINDOW));
+    DrawFocusRect(dc, &cell);
+  } else {
+    FrameRect(dc, &cell, GetSysColorBrush(COLOR_BTNSHADOW));
+  }
+}
+
+}  // namespace
+
+void PaintGrid(HDC dc, const FlexGrid& grid, const GridGeometry& geometry, const GridLook& look,
+               const RECT& dirty) {
+  PaintGround(dc, geometry, look, dirty);
+
+  const GridBlock block = SelectedBlock(grid);
+  const SelectScope font(dc, look.font);
+  CellColours colours{-1, -1};
+  CellScratch scratch;
+  const GridRect area{dirty.left, dirty.top, dirty.right - dirty.left, dirty.bottom - dirty.top};
+  geometry.ForEachCell(area, [&](int row, int col, const GridRect& bounds) {
+    // In a block the current cell stands out by not being highlighted.
+    const bool isCurrent = row == grid.Row() && col == grid.Col() && !block.IsSingleCell();
+    const CellColours wanted = ColoursFor(look, block.Contains(row, col) && !isCurrent);
+    if (wanted != colours) {
+      colours = wanted;
+      SetTextColor(dc, GetSysColor(colours.text));
+      SetBkColor(dc, GetSysColor(colours.back));
+    }
+    const RECT cell = ToRect(bounds);
+    const std::string_view text = Drawable(grid.View(row, col, scratch), bounds.width);
+    ExtTextOutA(dc, bounds.left + look.textMargin,
+                bounds.top + (bounds.height - kLine - look.lineHeight) / 2,
+                ETO_OPAQUE | ETO_CLIPPED, &cell, text.data(), static_cast<UINT>(text.size()),
+                nullptr);
+  });
+  PaintCurrentCell(dc, grid, geometry, look);
+}
+
+}  // namespace tallyrun
