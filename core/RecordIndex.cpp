@@ -10,11 +10,11 @@
 namespace tallyrun {
 namespace {
 
-std::size_t BucketOf(const char* triple) {
-  const auto byte = [triple](int at) {
-    return static_cast<std::uint32_t>(static_cast<unsigned char>(triple[at]));
+std::size_t BucketOf(const char* run) {
+  const auto byte = [run](int at) {
+    return static_cast<std::uint32_t>(static_cast<unsigned char>(run[at]));
   };
-  return ((byte(0) << 16 | byte(1) << 8 | byte(2)) * 0x9E3779B1u) >> 16;
+  return ((byte(0) << 24 | byte(1) << 16 | byte(2) << 8 | byte(3)) * 0x9E3779B1u) >> 16;
 }
 
 }  // namespace
@@ -94,7 +94,7 @@ template <class Action>
 void ContainingIndex::ForEachBucketOf(std::size_t entry, std::vector<std::uint32_t>& lastEntries,
                                       Action action) {
   const std::string_view field = FoldedField(entry);
-  for (std::size_t at = 0; at + kTriple <= field.size(); ++at) {
+  for (std::size_t at = 0; at + kRun <= field.size(); ++at) {
     const std::size_t bucket = BucketOf(field.data() + at);
     if (lastEntries[bucket] == entry) continue;
     lastEntries[bucket] = static_cast<std::uint32_t>(entry);
@@ -106,7 +106,7 @@ int ContainingIndex::Search(std::string_view folded) const {
   const auto contains = [&](std::size_t entry) {
     return FoldedField(entry).find(folded) != std::string_view::npos;
   };
-  if (folded.size() < kTriple) {
+  if (folded.size() < kRun) {
     for (std::size_t entry = 0; entry < records_.size(); ++entry) {
       if (contains(entry)) return records_[entry];
     }
@@ -116,7 +116,7 @@ int ContainingIndex::Search(std::string_view folded) const {
     return bucketBegins_[bucket + 1] - bucketBegins_[bucket];
   };
   std::size_t rarest = BucketOf(folded.data());
-  for (std::size_t at = 1; at + kTriple <= folded.size(); ++at) {
+  for (std::size_t at = 1; at + kRun <= folded.size(); ++at) {
     const std::size_t bucket = BucketOf(folded.data() + at);
     if (sizeOf(bucket) < sizeOf(rarest)) rarest = bucket;
   }

@@ -46,7 +46,7 @@ class ContainingIndex {
   int Find(std::string_view text);
 
  private:
-  static constexpr std::size_t kTriple = 3;
+  static constexpr std::size_t kRun = 4;
   static constexpr std::size_t kBuckets = 1u << 16;
   static constexpr std::size_t kRemembered = 1u << 16;
 
@@ -59,7 +59,7 @@ class ContainingIndex {
   std::string folded_;               // all fields, one behind the other
   std::vector<std::size_t> begins_;  // of every field in folded_, and the end of the last
   std::size_t longest_ = 0;
-  // Every three characters in a row put their field into the bucket of their hash, in order; a
+  // Every kRun characters in a row put their field into the bucket of their hash, in order; a
   // text can only be in the fields of any one of its own buckets.
   std::vector<std::uint32_t> bucketBegins_;
   std::vector<std::uint32_t> bucketEntries_;

@@ -91,9 +91,16 @@ void AppendWithoutLineEnds(std::string& out, std::string_view text) {
 }
 
 void FillRow(FlexGrid& grid, int row, std::string_view line) {
+  CellScratch scratch;
   int col = 0;
   for (const std::string_view piece : Split(line, kCellSeparator)) {
-    grid.SetText(row, col, Trim(piece));
+    const std::string_view text = Trim(piece);
+    // Many cells repeat the one above, whose text need not be looked for in the grid's pool.
+    if (row > 0 && col < grid.Cols() && grid.View(row - 1, col, scratch) == text) {
+      grid.SetCell(row, col, grid.Cell(row - 1, col));
+    } else {
+      grid.SetText(row, col, text);
+    }
     FitColumnWidth(grid, row, col);
     ++col;
   }
@@ -192,6 +199,7 @@ std::vector<std::string> ListFiles(const std::string& pattern) {
 std::vector<std::string_view> Split(std::string_view text, std::string_view separator) {
   std::vector<std::string_view> pieces;
   if (text.empty()) return pieces;
+  pieces.reserve(16);  // a line of any of our files has no more
   for (std::size_t end = text.find(separator); end != std::string_view::npos;
        end = text.find(separator)) {
     pieces.push_back(text.substr(0, end));
