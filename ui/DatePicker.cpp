@@ -11,6 +11,11 @@ namespace {
 // The day, the month through a callback field, the year.
 constexpr char kFormat[] = "dd'-'XXX'-'yyyy";
 
+// The same with the month as a fixed text.
+std::string FormatWithMonth(int month) {
+  return "dd'-" + std::string(EnglishMonth(month)) + "-'yyyy";
+}
+
 SYSTEMTIME SystemTimeOf(const Date& date) {
   SYSTEMTIME time = {};
   time.wYear = static_cast<WORD>(date.year);
@@ -27,6 +32,7 @@ void DatePicker::Create(ControlParent& parent, int id, const std::string& toolTi
   CreateControl(parent, DATETIMEPICK_CLASSA, "",
                 WS_VISIBLE | WS_TABSTOP | WS_GROUP | DTS_SHORTDATEFORMAT, 0, id);
   SendMessageA(Handle(), DTM_SETFORMATA, 0, reinterpret_cast<LPARAM>(kFormat));
+  month_ = MonthField::Unknown;
   told_ = Value();
   SetToolTip(toolTip);
 }
@@ -48,6 +54,7 @@ void DatePicker::SetValue(const Date& date) {
   if (SendMessageA(Handle(), DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time)) == 0) {
     told_ = former;
   }
+  RenewMonthText();
 }
 
 LRESULT DatePicker::OnNotify(NMHDR& notification) {
@@ -56,6 +63,7 @@ LRESULT DatePicker::OnNotify(NMHDR& notification) {
       NoteChange();
       break;
     case DTN_FORMATA: {
+      month_ = MonthField::Asked;
       auto& format = reinterpret_cast<NMDATETIMEFORMATA&>(notification);
       const std::string_view month = EnglishMonth(format.st.wMonth);
       month.copy(format.szDisplay, month.size());
@@ -64,6 +72,7 @@ LRESULT DatePicker::OnNotify(NMHDR& notification) {
       break;
     }
     case DTN_FORMATQUERYA: {
+      month_ = MonthField::Asked;
       auto& query = reinterpret_cast<NMDATETIMEFORMATQUERYA&>(notification);
       query.szMax = WidestMonth(reinterpret_cast<HFONT>(SendMessageA(Handle(), WM_GETFONT, 0, 0)));
       break;
@@ -84,7 +93,26 @@ void DatePicker::NoteChange() {
   const auto value = Value();
   if (value == told_) return;
   told_ = value;
+  RenewMonthText();
   Change.Raise();
+}
+
+// By its first picture the picker has asked for the month, or it never will: Wine's does not
+// know callback fields. The month is then a fixed text that is renewed with every date.
+LRESULT DatePicker::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  const LRESULT result = Control::OnMessage(message, wParam, lParam);
+  if (message == WM_PAINT && month_ == MonthField::Unknown) {
+    month_ = MonthField::FixedText;
+    RenewMonthText();
+  }
+  return result;
+}
+
+void DatePicker::RenewMonthText() {
+  const auto value = Value();
+  if (month_ != MonthField::FixedText || !value) return;
+  SendMessageA(Handle(), DTM_SETFORMATA, 0,
+               reinterpret_cast<LPARAM>(FormatWithMonth(value->month).c_str()));
 }
 
 }  // namespace tallyrun

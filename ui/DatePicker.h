@@ -21,11 +21,17 @@ class DatePicker : public Control {
   LRESULT OnNotify(NMHDR& notification) override;
 
  protected:
+  LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   bool EditsText() const override { return true; }
 
  private:
-  void NoteChange();
+  // How the English month gets on screen: the picker asks for it, or it is part of the format.
+  enum class MonthField { Unknown, Asked, FixedText };
 
+  void NoteChange();
+  void RenewMonthText();
+
+  MonthField month_ = MonthField::Unknown;
   std::optional<Date> told_;  // the value that Change last told of, or that was set
 };
 
