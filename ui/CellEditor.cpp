@@ -1,0 +1,29 @@
+#include "ui/CellEditor.h"
+
+namespace tallyrun {
+
+void PlaceOverCell(const FlexGridControl& grid, Control& editor) {
+  editor.Move(grid.CellBoundsInParent(grid.Grid().Row(), grid.Grid().Col()));
+}
+
+void ShowOverCell(FlexGridControl& grid, Control& editor) {
+  // First, as scrolling closes an editor.
+  grid.ShowCell(grid.Grid().Row(), grid.Grid().Col());
+  PlaceOverCell(grid, editor);
+  editor.SetVisible(true);
+  editor.SetFocus();
+}
+
+void ShowOverCell(FlexGridControl& grid, TextBox& editor, const std::string& text) {
+  editor.SetText(text);
+  ShowOverCell(grid, editor);
+  editor.SelectAll();
+}
+
+void HideOverCell(FlexGridControl& grid, Control& editor) {
+  const bool hadFocus = editor.HasFocus();
+  editor.SetVisible(false);
+  if (hadFocus) grid.SetFocus();
+}
+
+}  // namespace tallyrun
