@@ -4,3 +4,4 @@ list(APPEND portable_tests
   lists/ListKindTest.cpp
   lists/ListRowsTest.cpp
 )
+list(APPEND windows_tests lists/frmListTest.cpp)

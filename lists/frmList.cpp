@@ -1,0 +1,227 @@
+#include "lists/frmList.h"
+
+#include "core/BoIdFormat.h"
+#include "core/Conversion.h"
+#include "core/GridRows.h"
+#include "core/Lists.h"
+#include "core/Platform.h"
+#include "core/Settings.h"
+#include "core/modFileIO.h"
+#include "lists/ListBackups.h"
+#include "lists/ListExchange.h"
+#include "lists/ListKind.h"
+#include "lists/ListRows.h"
+#include "ui/CellEditor.h"
+
+namespace tallyrun {
+namespace {
+
+constexpr int kBoIdCol = 1;
+
+}  // namespace
+
+frmList::frmList()
+    : Form(frmListIds::kWindowClass, {.width = 760, .height = 480, .fontFace = "Tahoma"}) {}
+
+void frmList::Show() {
+  if (IsLoaded()) CurrentListKind = ChosenKind();
+  Form::Show();
+}
+
+void frmList::Form_Load() {
+  cmbListOf.AddItem(ListTextsOf(kBoKind).title);
+  cmbListOf.AddItem(ListTextsOf(kIsinKind).title);
+  SetupListGrid();
+  cmbListOf.SetListIndex(CurrentListKind == kBoKind ? 0 : 1);
+}
+
+void frmList::Form_Resize() { HideOverCell(flxList, txtEditor); }
+
+// Only a control that edits text keeps DELETE for itself. Under the open backup frame the list
+// stands still.
+void frmList::Form_KeyUp(KeyEvent& key) {
+  if (frameBackup.Visible()) return;
+  if (key.key == VK_INSERT) {
+    AddEntryRow(Grid());
+    BeginCellEdit();
+  } else if (key.key == VK_DELETE) {
+    DeleteSelectedRows(Grid());
+  }
+}
+
+void frmList::cmbListOf_Click() {
+  CurrentListKind = ChosenKind();
+  LoadList();
+}
+
+void frmList::txtItem_KeyDown(KeyEvent& key) {
+  if (key.key != VK_RETURN) return;
+  key.handled = true;
+  const std::string text(Trim(txtItem.Text()));
+  if (text.empty()) return;
+  const int row = FindRowContaining(Grid(), text);
+  if (row == 0) {
+    TellNotInList(CurrentListKind);
+  } else {
+    ShowFoundRow(Grid(), row);
+  }
+  txtItem.SelectAll();
+}
+
+void frmList::flxList_DblClick() { BeginCellEdit(); }
+
+void frmList::flxList_KeyPress(KeyEvent& key) {
+  if (key.key != VK_RETURN) return;
+  key.handled = true;
+  BeginCellEdit();
+}
+
+void frmList::flxList_Scroll() { HideOverCell(flxList, txtEditor); }
+
+void frmList::txtEditor_KeyPress(KeyEvent& key) {
+  if (key.key == VK_RETURN) {
+    key.handled = true;
+    CommitCellEdit();
+  } else if (key.key == VK_ESCAPE) {
+    key.handled = true;
+    HideOverCell(flxList, txtEditor);
+  }
+}
+
+void frmList::txtEditor_LostFocus() { HideOverCell(flxList, txtEditor); }
+
+void frmList::btnAdd_Click() {
+  AddEntryRow(Grid());
+  BeginCellEdit();
+}
+
+void frmList::btnRemove_Click() { DeleteSelectedRows(Grid()); }
+
+void frmList::btnReload_Click() {
+  if (!Ask("Are you sure to reload the list?", "Reload Confirmation", MessageIcon::Question)) {
+    return;
+  }
+  LoadFileIntoGrid(Settings.backupLocation + ListFileName, Grid());
+}
+
+void frmList::btnSave_Click() { SaveList(); }
+
+void frmList::btnSaveAsBackup_Click() {
+  // The grid is checked although the backup is a copy of the file.
+  if (HasBlankRow(Grid())) return;
+  TakeBackup(CurrentListKind);
+}
+
+void frmList::btnLoadBackup_Click() {
+  EnableControls(false);
+  frameBackup.SetVisible(true);
+  for (Control* control :
+       {static_cast<Control*>(&frameBackup), static_cast<Control*>(&lstBackups),
+        static_cast<Control*>(&btnLoad_Backup), static_cast<Control*>(&btnDelete_Backup),
+        static_cast<Control*>(&btnCancel_Backup)}) {
+    control->SetEnabled(true);
+  }
+  lblTitle_Backup.SetText(ListTextsOf(CurrentListKind).title);
+  lblTitle_Backup.SetEnabled(true);
+  lstBackups.SetFocus();
+  FillBackupList();
+}
+
+void frmList::btnUpdateList_Click() {
+  if (CurrentListKind == kBoKind) {
+    SendBoList(Grid(), *this);
+  } else {
+    ReceiveIsinList(Grid(), *this);
+  }
+  // The clerk may have switched the list meanwhile.
+  SetCaption(ListTextsOf(CurrentListKind).caption);
+}
+
+void frmList::btnClose_Click() { Unload(); }
+
+void frmList::lstBackups_DblClick() { btnLoad_Backup_Click(); }
+
+void frmList::btnLoad_Backup_Click() {
+  const int index = lstBackups.ListIndex();
+  if (index < 0) return;
+  LoadBackup(Grid(), CurrentListKind, lstBackups.ItemText(index));
+  btnCancel_Backup_Click();
+}
+
+void frmList::btnCancel_Backup_Click() {
+  EnableControls(true);
+  frameBackup.SetVisible(false);
+  frameBackup.SetEnabled(false);
+  lstBackups.SetEnabled(false);
+  btnLoad_Backup.SetEnabled(false);
+  btnCancel_Backup.SetEnabled(false);
+  flxList.SetFocus();
+}
+
+void frmList::btnDelete_Backup_Click() {
+  const int index = lstBackups.ListIndex();
+  if (index < 0 || !DeleteBackup(CurrentListKind, lstBackups.ItemText(index))) return;
+  lstBackups.RemoveItem(index);
+  if (lstBackups.ListCount() > 0) lstBackups.SetListIndex(0);
+}
+
+void frmList::SetupListGrid() {
+  const ListTexts texts = ListTextsOf(CurrentListKind);
+  LayOutListGrid(Grid(), CurrentListKind);
+  SetCaption(texts.caption);
+  lblSelect.SetText(texts.selectCaption);
+  flxList.SetToolTip(texts.gridToolTip);
+  btnUpdateList.SetText(texts.updateCaption);
+  btnUpdateList.SetToolTip(texts.updateToolTip);
+  ListFileName = ListFileNameOf(CurrentListKind);
+}
+
+void frmList::LoadList() {
+  SetupListGrid();
+  LoadFileIntoGrid(Settings.backupLocation + ListFileName, Grid());
+}
+
+void frmList::SaveList() {
+  if (HasBlankRow(Grid())) return;
+  const std::string path = Settings.backupLocation + ListFileName;
+  SaveGridToFile(Grid(), path);
+  Tell("Saved successfully.", "Saved.", MessageIcon::Information);
+  if (CurrentListKind == kBoKind) {
+    LoadBoList(path);
+  } else {
+    LoadIsinList(path);
+  }
+}
+
+void frmList::BeginCellEdit() {
+  // A list file that holds nothing but its captions leaves no cell to edit.
+  if (Grid().Row() == 0) return;
+  ShowOverCell(flxList, txtEditor, Grid().Text(Grid().Row(), Grid().Col()));
+}
+
+void frmList::CommitCellEdit() {
+  std::string text(Trim(txtEditor.Text()));
+  txtEditor.SetText(text);
+  if (Grid().Col() == kBoIdCol && CurrentListKind == kBoKind) {
+    if (IsBoIdTooLong(text)) return TellBoIdTooLong();
+    text = CompleteBoId(text);
+  }
+  const int topRow = Grid().TopRow();
+  Grid().SetText(Grid().Row(), Grid().Col(), text);
+  FitColumnWidth(Grid(), Grid().Row(), Grid().Col());
+  HideOverCell(flxList, txtEditor);
+  Grid().SetTopRow(topRow);
+}
+
+void frmList::FillBackupList() {
+  const std::vector<std::string> entries = ListBackups(CurrentListKind);
+  // With nothing to list, what was listed last stays.
+  if (entries.empty()) return;
+  lstBackups.Clear();
+  for (const std::string& entry : entries) lstBackups.AddItem(entry);
+  lstBackups.SetListIndex(lstBackups.ListCount() - 1);
+}
+
+std::string frmList::ChosenKind() const { return cmbListOf.ListIndex() == 0 ? kBoKind : kIsinKind; }
+
+}  // namespace tallyrun

@@ -1,0 +1,155 @@
+// The list window's controls: their making, their dispatch table and their places.
+#include <algorithm>
+
+#include "lists/ListKind.h"
+#include "lists/frmList.h"
+
+namespace tallyrun {
+namespace {
+
+// Pixels at 96 DPI.
+constexpr int kChooserWidth = 150;
+constexpr int kSearchMinimumWidth = 160;
+constexpr int kGridMinimumHeight = 220;
+constexpr int kFrameWidth = 340;
+constexpr int kFrameMaximumHeight = 360;
+
+constexpr char kFrameHint[] = "Select a backup to load it.";
+constexpr char kLoadHint[] = "Load the selected backup in the list.";
+
+}  // namespace
+
+// In the order of Tab. The frame and the editor lie over the grid, so they are made before it.
+void frmList::CreateControls() {
+  namespace ids = frmListIds;
+  CreateBackupFrame();
+  cmbListOf.Create(*this, ids::kCmbListOf);
+  lblSelect.Create(*this, ids::kLblSelect, "Select :");
+  txtItem.Create(*this, ids::kTxtItem, TextBoxKind::SingleLine,
+                 "Type the significant letters and Press <ENTER>.");
+  txtEditor.Create(*this, ids::kTxtEditor);
+  txtEditor.SetVisible(false);
+  flxList.Create(*this, ids::kFlxList);
+  btnAdd.Create(*this, ids::kBtnAdd, "Add", "Add a new row in the list.");
+  btnRemove.Create(*this, ids::kBtnRemove, "Remove", "Remove the selected row from the list.");
+  btnReload.Create(*this, ids::kBtnReload, "&Reload", "Reload the list.");
+  btnSave.Create(*this, ids::kBtnSave, "Save", "Save the list.");
+  btnSaveAsBackup.Create(*this, ids::kBtnSaveAsBackup, "Save As Backup", "Save the list.");
+  btnLoadBackup.Create(*this, ids::kBtnLoadBackup, "Load From Backup",
+                       "Load the list from backup.");
+  btnUpdateList.Create(*this, ids::kBtnUpdateList, "Send");
+  btnClose.Create(*this, ids::kBtnClose, "Close", "Close the list and get back to data entry.");
+  ConnectHandlers();
+}
+
+void frmList::CreateBackupFrame() {
+  namespace ids = frmListIds;
+  frameBackup.Create(*this, ids::kFrameBackup, kFrameHint);
+  frameBackup.SetVisible(false);
+  lblTitle_Backup.Create(frameBackup, ids::kLblTitle_Backup, "", kFrameHint);
+  lstBackups.Create(frameBackup, ids::kLstBackups, "List of backups");
+  btnLoad_Backup.Create(frameBackup, ids::kBtnLoad_Backup, "Load", kLoadHint);
+  btnCancel_Backup.Create(frameBackup, ids::kBtnCancel_Backup, "Cancel",
+                          "Cancel loading any backup.");
+  btnDelete_Backup.Create(frameBackup, ids::kBtnDelete_Backup, "Delete", kLoadHint);
+}
+
+void frmList::ConnectHandlers() {
+  On(KeyUp, &frmList::Form_KeyUp);
+  On(cmbListOf.Click, &frmList::cmbListOf_Click);
+  On(txtItem.KeyDown, &frmList::txtItem_KeyDown);
+  On(flxList.DblClick, &frmList::flxList_DblClick);
+  On(flxList.KeyPress, &frmList::flxList_KeyPress);
+  On(flxList.Scroll, &frmList::flxList_Scroll);
+  On(txtEditor.KeyPress, &frmList::txtEditor_KeyPress);
+  On(txtEditor.LostFocus, &frmList::txtEditor_LostFocus);
+  On(btnAdd.Click, &frmList::btnAdd_Click);
+  On(btnRemove.Click, &frmList::btnRemove_Click);
+  On(btnReload.Click, &frmList::btnReload_Click);
+  On(btnSave.Click, &frmList::btnSave_Click);
+  On(btnSaveAsBackup.Click, &frmList::btnSaveAsBackup_Click);
+  On(btnLoadBackup.Click, &frmList::btnLoadBackup_Click);
+  On(btnUpdateList.Click, &frmList::btnUpdateList_Click);
+  On(btnClose.Click, &frmList::btnClose_Click);
+  On(lstBackups.DblClick, &frmList::lstBackups_DblClick);
+  On(btnLoad_Backup.Click, &frmList::btnLoad_Backup_Click);
+  On(btnCancel_Backup.Click, &frmList::btnCancel_Backup_Click);
+  On(btnDelete_Backup.Click, &frmList::btnDelete_Backup_Click);
+}
+
+void frmList::Layout(LayoutArea& area) {
+  const int edge = area.Scale(spacing::kEdge);
+  const int related = area.Scale(spacing::kRelated);
+  const int chooserWidth = LayoutChooser(area);
+  const int commandsWidth = LayoutCommands(area);
+
+  const int gridTop = edge + area.BoxHeight() + related;
+  const int below = related + area.ButtonHeight() + edge;
+  const PixelRect grid = {edge, gridTop, area.Width() - 2 * edge, area.Height() - below - gridTop};
+  area.Place(flxList, grid);
+  LayoutBackupFrame(area, grid);
+  area.SetMinimum(std::max(chooserWidth, commandsWidth) + 2 * edge,
+                  gridTop + area.Scale(kGridMinimumHeight) + below);
+}
+
+int frmList::LayoutChooser(LayoutArea& area) {
+  const int edge = area.Scale(spacing::kEdge);
+  const int height = area.BoxHeight();
+  area.Place(cmbListOf, {edge, edge, area.Scale(kChooserWidth), height});
+  int left = edge + area.Scale(kChooserWidth) + area.Scale(spacing::kUnrelated);
+  // Wide enough for either list, so that nothing moves when the list is switched.
+  const int labelWidth = std::max(area.TextWidth(ListTextsOf(kBoKind).selectCaption),
+                                  area.TextWidth(ListTextsOf(kIsinKind).selectCaption));
+  area.Place(lblSelect, {left, edge, labelWidth, height});
+  left += labelWidth + area.Scale(spacing::kLabel);
+  area.Place(txtItem, {left, edge, area.Width() - edge - left, height});
+  return left + area.Scale(kSearchMinimumWidth) - edge;
+}
+
+int frmList::LayoutCommands(LayoutArea& area) {
+  const int edge = area.Scale(spacing::kEdge);
+  const int related = area.Scale(spacing::kRelated);
+  const int unrelated = area.Scale(spacing::kUnrelated);
+  const int height = area.ButtonHeight();
+  const int top = area.Height() - edge - height;
+  int left = edge;
+  const auto place = [&](Button& button, const std::string& widestCaption, int gap) {
+    const int width = area.ButtonWidth(widestCaption);
+    area.Place(button, {left, top, width, height});
+    left += width + gap;
+  };
+  place(btnAdd, "Add", related);
+  place(btnRemove, "Remove", related);
+  place(btnReload, "Reload", related);
+  place(btnSave, "Save", unrelated);
+  place(btnSaveAsBackup, "Save As Backup", related);
+  place(btnLoadBackup, "Load From Backup", unrelated);
+  place(btnUpdateList, "Receive", unrelated);
+  const int closeWidth = area.ButtonWidth("Close");
+  area.Place(btnClose, {area.Width() - edge - closeWidth, top, closeWidth, height});
+  return left - edge + closeWidth;
+}
+
+void frmList::LayoutBackupFrame(LayoutArea& area, const PixelRect& grid) {
+  const int margin = area.Scale(spacing::kEdge);
+  const int related = area.Scale(spacing::kRelated);
+  const int width = std::min(area.Scale(kFrameWidth), grid.width);
+  const int height = std::min(area.Scale(kFrameMaximumHeight), grid.height);
+  area.Place(frameBackup, {grid.x + (grid.width - width) / 2, grid.y + (grid.height - height) / 2,
+                           width, height});
+
+  const int inner = width - 2 * margin;
+  const int listTop = margin + area.LineHeight() + related;
+  const int buttonTop = height - margin - area.ButtonHeight();
+  area.Place(lblTitle_Backup, {margin, margin, inner, area.LineHeight()});
+  area.Place(lstBackups, {margin, listTop, inner, buttonTop - related - listTop});
+  // Apart from the other two, as it cannot be taken back.
+  const int buttonWidth = area.ButtonWidth("Cancel");
+  area.Place(btnLoad_Backup, {margin, buttonTop, buttonWidth, area.ButtonHeight()});
+  area.Place(btnCancel_Backup,
+             {margin + buttonWidth + related, buttonTop, buttonWidth, area.ButtonHeight()});
+  area.Place(btnDelete_Backup,
+             {width - margin - buttonWidth, buttonTop, buttonWidth, area.ButtonHeight()});
+}
+
+}  // namespace tallyrun
