@@ -87,6 +87,7 @@ void FlexGridControl::ShowCell(int row, int col) {
 }
 
 void FlexGridControl::Redraw() {
+  if (Handle() == nullptr) return;  // which would stand for the whole screen
   RedrawWindow(Handle(), nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
@@ -109,10 +110,20 @@ void FlexGridControl::OnSize() {
 void FlexGridControl::OnPaint() {
   FollowGrid();
   UpdateWindow(header_.Handle());
-  grid_.TakeChanges();
+  if (grid_.TakeChanges()) AnnounceCurrentCell();
   const PaintScope paint(Handle());
   const BufferedPaint buffer(paint.Dc(), paint.Dirty());
   Paint(buffer.Dc(), paint.Dirty());
+}
+
+// A screen reader takes the window's text, the current cell's, for its name.
+void FlexGridControl::AnnounceCurrentCell() {
+  const GridCell current{grid_.Row(), grid_.Col()};
+  if (current == announced_) return;
+  announced_ = current;
+  if (HasFocus()) {
+    NotifyWinEvent(EVENT_OBJECT_NAMECHANGE, Handle(), OBJID_CLIENT, CHILDID_SELF);
+  }
 }
 
 void FlexGridControl::Paint(HDC dc, const RECT& dirty) {

@@ -60,6 +60,7 @@ class FlexGridControl : public Control, private FlexGridObserver {
   void OnSize();
   void OnPaint();
   void Paint(HDC dc, const RECT& dirty);
+  void AnnounceCurrentCell();
   LRESULT OnKeyDown(WPARAM wParam, LPARAM lParam);
   bool MoveByKey(const KeyEvent& key);
   LRESULT DialogCode(LPARAM lParam) const;
@@ -95,6 +96,7 @@ class FlexGridControl : public Control, private FlexGridObserver {
   int rowHeight_ = 1;
   WheelSteps wheel_;
   WheelSteps horizontalWheel_;
+  GridCell announced_;
   bool dragging_ = false;
 };
 

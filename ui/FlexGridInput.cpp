@@ -122,7 +122,9 @@ LRESULT FlexGridControl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       OnButtonUp(2, PointOf(lParam));
       return 0;
     case WM_CONTEXTMENU:
-      if (lParam == -1) OnMenuKey();
+      // Without a place it comes from the keyboard; the mouse's belongs to a scroll bar.
+      if (PointOf(lParam).x != -1 || PointOf(lParam).y != -1) break;
+      OnMenuKey();
       return 0;
     case WM_MOUSEMOVE:
       if (dragging_) DragTo(PointOf(lParam));
@@ -165,8 +167,9 @@ LRESULT FlexGridControl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       header_.Forget();
       return 0;
     default:
-      return Control::OnMessage(message, wParam, lParam);
+      break;
   }
+  return Control::OnMessage(message, wParam, lParam);
 }
 
 LRESULT FlexGridControl::OnKeyDown(WPARAM wParam, LPARAM lParam) {

@@ -12,16 +12,25 @@ constexpr int kLine = 1;  // the cells' right and bottom border, in pixels at ev
 constexpr int kLineColour = COLOR_3DLIGHT;
 
 struct CellColours {
-  int text;  // system colour indexes
-  int back;
-  bool operator==(const CellColours&) const = default;
+  COLORREF text;
+  COLORREF back;
 };
 
+// A selection that is out of use: between the window's colour and the highlight.
+COLORREF FadedHighlight() {
+  const COLORREF window = GetSysColor(COLOR_WINDOW);
+  const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
+  const auto mixed = [](int most, int some) { return (3 * most + some) / 4; };
+  return RGB(mixed(GetRValue(window), GetRValue(highlight)),
+             mixed(GetGValue(window), GetGValue(highlight)),
+             mixed(GetBValue(window), GetBValue(highlight)));
+}
+
 CellColours ColoursFor(const GridLook& look, bool selected) {
-  if (!look.enabled) return {COLOR_GRAYTEXT, COLOR_BTNFACE};
-  if (!selected) return {COLOR_WINDOWTEXT, COLOR_WINDOW};
-  if (!look.focused) return {COLOR_BTNTEXT, COLOR_BTNFACE};
-  return {COLOR_HIGHLIGHTTEXT, COLOR_HIGHLIGHT};
+  if (!look.enabled) return {GetSysColor(COLOR_GRAYTEXT), GetSysColor(COLOR_BTNFACE)};
+  if (!selected) return {GetSysColor(COLOR_WINDOWTEXT), GetSysColor(COLOR_WINDOW)};
+  if (!look.focused) return {GetSysColor(COLOR_WINDOWTEXT), FadedHighlight()};
+  return {GetSysColor(COLOR_HIGHLIGHTTEXT), GetSysColor(COLOR_HIGHLIGHT)};
 }
 
 RECT ToRect(const GridRect& cell) {
@@ -73,19 +82,17 @@ void PaintGrid(HDC dc, const FlexGrid& grid, const GridGeometry& geometry, const
   PaintGround(dc, geometry, look, dirty);
 
   const GridBlock block = SelectedBlock(grid);
+  const CellColours plain = ColoursFor(look, false);
+  const CellColours selected = ColoursFor(look, true);
   const SelectScope font(dc, look.font);
-  CellColours colours{-1, -1};
   CellScratch scratch;
   const GridRect area{dirty.left, dirty.top, dirty.right - dirty.left, dirty.bottom - dirty.top};
   geometry.ForEachCell(area, [&](int row, int col, const GridRect& bounds) {
     // In a block the current cell stands out by not being highlighted.
     const bool isCurrent = row == grid.Row() && col == grid.Col() && !block.IsSingleCell();
-    const CellColours wanted = ColoursFor(look, block.Contains(row, col) && !isCurrent);
-    if (wanted != colours) {
-      colours = wanted;
-      SetTextColor(dc, GetSysColor(colours.text));
-      SetBkColor(dc, GetSysColor(colours.back));
-    }
+    const CellColours& colours = block.Contains(row, col) && !isCurrent ? selected : plain;
+    SetTextColor(dc, colours.text);
+    SetBkColor(dc, colours.back);
     const RECT cell = ToRect(bounds);
     const std::string_view text = Drawable(grid.View(row, col, scratch), bounds.width);
     ExtTextOutA(dc, bounds.left + look.textMargin,
