@@ -3,3 +3,4 @@ list(APPEND portable_tests
   holding/HoldingFileTest.cpp
   holding/HoldingSearchTest.cpp
 )
+list(APPEND windows_tests holding/frmHoldingMessageTest.cpp)

@@ -1,0 +1,49 @@
+#include "holding/frmHoldingMessage.h"
+
+#include "core/Application.h"
+#include "holding/CheckHoldings.h"
+
+namespace tallyrun {
+namespace {
+
+// In pixels at 96 DPI: room for a problem's whole line, and for a few of them at least.
+constexpr int kWidth = 780;
+constexpr int kHeight = 320;
+constexpr int kLeastWidth = 240;
+constexpr int kLeastHeight = 120;
+
+}  // namespace
+
+frmHoldingMessage::frmHoldingMessage()
+    : Form("frmHoldingMessage", {.width = kWidth, .height = kHeight}) {
+  txtMessage.SetFontFace("Lucida Console");
+  On(txtMessage.KeyPress, &frmHoldingMessage::txtMessage_KeyPress);
+}
+
+void frmHoldingMessage::ShowFresh(Form* owner) {
+  Unload();
+  ShowModal(owner);
+}
+
+void frmHoldingMessage::CreateControls() {
+  txtMessage.Create(*this, kMessageId, TextBoxKind::ReadOnlyLines);
+}
+
+void frmHoldingMessage::Layout(LayoutArea& area) {
+  const int edge = area.Scale(spacing::kEdge);
+  area.Place(txtMessage, {edge, edge, area.Width() - 2 * edge, area.Height() - 2 * edge});
+  area.SetMinimum(area.Scale(kLeastWidth), area.Scale(kLeastHeight));
+}
+
+void frmHoldingMessage::Form_Load() {
+  SetCaption(CaptionFor("Holding Balance Message."));
+  txtMessage.SetText(HoldingMessage);
+}
+
+void frmHoldingMessage::txtMessage_KeyPress(KeyEvent& key) {
+  if (key.key != VK_ESCAPE) return;
+  key.handled = true;
+  Unload();
+}
+
+}  // namespace tallyrun

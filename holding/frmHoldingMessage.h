@@ -1,0 +1,31 @@
+// The window that lists the problems of a holding check. Knows nothing of how they were found.
+#pragma once
+
+#include "ui/Controls.h"
+#include "ui/Form.h"
+
+namespace tallyrun {
+
+class frmHoldingMessage : public Form {
+ public:
+  // The controls' ids, the same in every build.
+  enum ControlId { kMessageId = 1 };
+
+  frmHoldingMessage();
+
+  // Closes the window if it is open, loads it anew with the HoldingMessage of now and returns
+  // when the clerk has closed it.
+  void ShowFresh(Form* owner);
+
+ protected:
+  void CreateControls() override;
+  void Layout(LayoutArea& area) override;
+  void Form_Load() override;
+
+ private:
+  void txtMessage_KeyPress(KeyEvent& key);
+
+  TextBox txtMessage;
+};
+
+}  // namespace tallyrun
