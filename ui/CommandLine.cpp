@@ -41,4 +41,11 @@ std::string CommandLineToRun(const std::string& commandLine, bool namesFile,
                                       : quoted;
 }
 
+std::string FolderToStartIn(const std::string& commandLine, bool namesFile) {
+  const std::string program = SplitCommand(commandLine, namesFile).program;
+  const std::size_t slash = program.rfind('\\');
+  if (!IsBatchFile(program) || slash == std::string::npos) return "";
+  return program.substr(0, slash + 1);
+}
+
 }  // namespace tallyrun

@@ -12,4 +12,9 @@ namespace tallyrun {
 std::string CommandLineToRun(const std::string& commandLine, bool namesFile,
                              const std::string& interpreter);
 
+// The folder to start `commandLine` in: a batch file's own, or "" for the program's current one.
+// The interpreter reads a batch file in the console's code page and so misreads a "cd" to a
+// folder with an accent; where it starts is given to the system in the program's own.
+std::string FolderToStartIn(const std::string& commandLine, bool namesFile);
+
 }  // namespace tallyrun

@@ -95,15 +95,17 @@ std::string WindowsPlatform::AskForFolder(const std::string& prompt,
 
 std::unique_ptr<Process> WindowsPlatform::StartProcess(const std::string& commandLine,
                                                        WindowMode mode) {
-  std::string command = CommandLineToRun(commandLine, NamesFile(commandLine), CommandInterpreter());
+  const bool namesFile = NamesFile(commandLine);
+  std::string command = CommandLineToRun(commandLine, namesFile, CommandInterpreter());
+  const std::string folder = FolderToStartIn(commandLine, namesFile);
   STARTUPINFOA startup = {};
   startup.cb = sizeof startup;
   startup.dwFlags = STARTF_USESHOWWINDOW;
   startup.wShowWindow = mode == WindowMode::Hidden ? SW_HIDE : SW_SHOWNORMAL;
   const DWORD flags = mode == WindowMode::Hidden ? CREATE_NO_WINDOW : 0;
   PROCESS_INFORMATION started = {};
-  if (CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, flags, nullptr, nullptr,
-                     &startup, &started) == FALSE) {
+  if (CreateProcessA(nullptr, command.data(), nullptr, nullptr, FALSE, flags, nullptr,
+                     folder.empty() ? nullptr : folder.c_str(), &startup, &started) == FALSE) {
     const DWORD error = GetLastError();
     throw RuntimeError(error == ERROR_FILE_NOT_FOUND || error == ERROR_PATH_NOT_FOUND
                            ? ErrorKind::FileNotFound
