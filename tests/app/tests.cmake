@@ -8,3 +8,8 @@ list(APPEND portable_tests
   app/SummarizeTest.cpp
   app/TradeFileTest.cpp
 )
+list(APPEND windows_tests
+  support/MainWindowFixture.cpp
+  app/frmMainSendTest.cpp
+  app/frmMainTest.cpp
+)

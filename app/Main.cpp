@@ -1,0 +1,53 @@
+// The program's start: the door to the machine, the settings and lists, the main window.
+#include <windows.h>
+
+#include <commctrl.h>
+
+#include <objbase.h>
+
+#include "app/frmMain.h"
+#include "core/ErrorTrap.h"
+#include "core/Settings.h"
+#include "settings/frmSettings.h"
+#include "ui/MessageLoop.h"
+#include "ui/WindowsPlatform.h"
+
+namespace tallyrun {
+namespace {
+
+// The folder picker needs COM for as long as the program runs.
+class ComScope {
+ public:
+  ComScope() : initialized_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
+  ~ComScope() {
+    if (initialized_) CoUninitialize();
+  }
+  ComScope(const ComScope&) = delete;
+  ComScope& operator=(const ComScope&) = delete;
+
+ private:
+  bool initialized_;
+};
+
+void Main(frmMain& window) {
+  RunTrapped([&] {
+    LoadSettings(OpenSettingsDialog);
+    window.Show();
+  });
+}
+
+}  // namespace
+}  // namespace tallyrun
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+  using namespace tallyrun;
+  const INITCOMMONCONTROLSEX controls = {
+      sizeof controls, ICC_STANDARD_CLASSES | ICC_DATE_CLASSES | ICC_LISTVIEW_CLASSES};
+  InitCommonControlsEx(&controls);
+  const ComScope com;
+  WindowsPlatform platform;
+  SetPlatform(&platform);
+  frmMain window;
+  Main(window);
+  return window.IsLoaded() ? RunMessageLoop() : 0;
+}

@@ -1,0 +1,434 @@
+#include "app/frmMain.h"
+
+#include <algorithm>
+#include <exception>
+#include <initializer_list>
+
+#include "app/AutoFill.h"
+#include "app/CellPaste.h"
+#include "app/ConfirmLoading.h"
+#include "app/EntrySearch.h"
+#include "app/Summarize.h"
+#include "app/TradeFile.h"
+#include "core/GridRows.h"
+#include "core/Platform.h"
+#include "core/RowChecks.h"
+#include "core/SortGrid.h"
+#include "core/modFileIO.h"
+#include "lists/ListKind.h"
+#include "reports/InstructionReport.h"
+#include "settings/frmSettings.h"
+
+namespace tallyrun {
+namespace {
+
+constexpr int kDefaultWidth = 1080;  // of the client area, pixels at 96 DPI
+constexpr int kDefaultHeight = 600;
+constexpr int kSearchTextWidth = 150;
+constexpr int kSearchTextMinimum = 90;
+constexpr int kGridMinimumHeight = 160;
+
+}  // namespace
+
+frmMain::frmMain()
+    : Form(frmMainIds::kWindowClass,
+           {.width = kDefaultWidth, .height = kDefaultHeight, .endsProgram = true}) {}
+
+void frmMain::CreateControls() {
+  using namespace frmMainIds;
+  optPayIn.Create(*this, kOptPayIn, "Pay In");
+  optPayOut.Create(*this, kOptPayOut, "Pay Out");
+  dtpPayInOrPayOut.Create(*this, kDtpPayInOrPayOut);
+  btnLoadFromBTFile.Create(*this, kBtnLoadFromBTFile, "Load Payin");
+  btnReload.Create(*this, kBtnReload, "Reload");
+  btnSave.Create(*this, kBtnSave, "Save");
+  lblSearch.Create(*this, kLblSearch, "Search");
+  cmbSearch.Create(*this, kCmbSearch);
+  txtSearch.Create(*this, kTxtSearch);
+  btnSearch.Create(*this, kBtnSearch, "Search");
+  chkFreeEntry.Create(*this, kChkFreeEntry, "Free Entry",
+                      "Check to enter anything anywhere in the above table.");
+  txtEditor.Create(*this, kTxtEditor);
+  dtpDate.Create(*this, kDtpDate);
+  flxEntries.Create(*this, kFlxEntries);
+  btnAutoFields.Create(*this, kBtnAutoFields, "Auto-Fill",
+                       "Fill the automatic fields i.e. Broker ID, Clearing BOID, Deliver Date, "
+                       "and Internal Ref. No.");
+  btnSummarize.Create(*this, kBtnSummarize, "Summarize");
+  btnCheck.Create(*this, kBtnCheck, "Check Holding");
+  btnReport.Create(*this, kBtnReport, "Report");
+  btnSend.Create(*this, kBtnSend, "Send");
+  btnList.Create(*this, kBtnList, "List");
+  btnSettings.Create(*this, kBtnSettings, "Settings", "Go to settings.");
+  btnExit.Create(*this, kBtnExit, "Exit");
+  mnuCopyCell.AddItem(mnuCopy, "Copy");
+  mnuCopyCell.AddItem(mnuPaste, "Paste");
+  mnuCopyCell.AddItem(mnuDelete, "Delete");
+  txtEditor.SetVisible(false);
+  dtpDate.SetVisible(false);
+  ConnectHandlers();
+}
+
+void frmMain::ConnectHandlers() {
+  // Releases of INSERT and DELETE, whichever control has the focus; Exit has its own rule.
+  On(KeyUp, &frmMain::Form_KeyUp);
+  On(btnExit.KeyUp, &frmMain::btnExit_KeyUp);
+
+  On(optPayIn.Click, &frmMain::optPayIn_Click);
+  On(optPayOut.Click, &frmMain::optPayOut_Click);
+  On(btnLoadFromBTFile.Click, &frmMain::btnLoadFromBTFile_Click);
+  On(btnReload.Click, &frmMain::btnReload_Click);
+  On(btnSave.Click, &frmMain::btnSave_Click);
+  On(btnSearch.Click, &frmMain::btnSearch_Click);
+
+  On(flxEntries.KeyPress, &frmMain::flxEntries_KeyPress);
+  On(flxEntries.DblClick, &frmMain::flxEntries_DblClick);
+  On(flxEntries.MouseUp, &frmMain::flxEntries_MouseUp);
+  On(flxEntries.Scroll, &frmMain::flxEntries_Scroll);
+  On(txtEditor.KeyPress, &frmMain::txtEditor_KeyPress);
+  On(txtEditor.LostFocus, &frmMain::txtEditor_LostFocus);
+  On(dtpDate.Change, &frmMain::dtpDate_Change);
+  On(dtpDate.KeyPress, &frmMain::dtpDate_KeyPress);
+  On(dtpDate.LostFocus, &frmMain::dtpDate_LostFocus);
+  On(mnuCopy.Click, &frmMain::mnuCopy_Click);
+  On(mnuPaste.Click, &frmMain::mnuPaste_Click);
+  On(mnuDelete.Click, &frmMain::mnuDelete_Click);
+
+  On(btnAutoFields.Click, &frmMain::btnAutoFields_Click);
+  On(btnSummarize.Click, &frmMain::btnSummarize_Click);
+  On(btnCheck.Click, &frmMain::btnCheck_Click);
+  On(btnReport.Click, &frmMain::btnReport_Click);
+  On(btnSend.Click, &frmMain::btnSend_Click);
+  On(btnList.Click, &frmMain::btnList_Click);
+  On(btnSettings.Click, &frmMain::btnSettings_Click);
+  On(btnExit.Click, &frmMain::btnExit_Click);
+}
+
+void frmMain::Layout(LayoutArea& area) {
+  const int edge = area.Scale(spacing::kEdge);
+  const int related = area.Scale(spacing::kRelated);
+  const int row = area.BoxHeight();
+
+  const int topWidth = LayoutDay(area) + LayoutSearch(area);
+  const int bottomWidth = LayoutCommands(area);
+
+  const int gridTop = edge + row + related + row + related;
+  const int gridBottom = area.Height() - edge - area.ButtonHeight() - related;
+  area.Place(flxEntries, {edge, gridTop, area.Width() - 2 * edge, gridBottom - gridTop});
+
+  area.SetMinimum(std::max(topWidth, bottomWidth) + 2 * edge,
+                  gridTop + area.Scale(kGridMinimumHeight) + related + area.ButtonHeight() + edge);
+}
+
+// The modes above each other, the day's picker beside the chosen one, and the day's files.
+int frmMain::LayoutDay(LayoutArea& area) {
+  const int edge = area.Scale(spacing::kEdge);
+  const int related = area.Scale(spacing::kRelated);
+  const int unrelated = area.Scale(spacing::kUnrelated);
+  const int row = area.BoxHeight();
+  const int secondTop = edge + row + related;
+
+  const int optionWidth = std::max(area.OptionWidth("Pay In"), area.OptionWidth("Pay Out"));
+  area.Place(optPayIn, {edge, edge, optionWidth, row});
+  area.Place(optPayOut, {edge, secondTop, optionWidth, row});
+
+  int left = edge + optionWidth + related;
+  const int pickerTop = EntryMode == kPayOut ? secondTop : edge;
+  area.Place(dtpPayInOrPayOut, {left, pickerTop, area.DateWidth(), row});
+  left += area.DateWidth() + unrelated;
+
+  // Wide enough for both modes' captions, so that nothing moves with the mode.
+  const int importWidth = std::max(area.ButtonWidth("Load Payin"), area.ButtonWidth("Load Payout"));
+  area.Place(btnLoadFromBTFile, {left, edge, importWidth, area.ButtonHeight()});
+  left += importWidth + related;
+  for (Button* const button : {&btnReload, &btnSave}) {
+    const int width = area.ButtonWidth(button->Text());
+    area.Place(*button, {left, edge, width, area.ButtonHeight()});
+    left += width + related;
+  }
+  return left - edge;
+}
+
+// Search and Free Entry at the right edge.
+int frmMain::LayoutSearch(LayoutArea& area) {
+  const int edge = area.Scale(spacing::kEdge);
+  const int related = area.Scale(spacing::kRelated);
+  const int row = area.BoxHeight();
+  const int right = area.Width() - edge;
+
+  const int buttonWidth = area.ButtonWidth("Search");
+  const int labelWidth = area.TextWidth("Search") + area.Scale(spacing::kLabel);
+  int comboWidth = 0;
+  for (const SearchColumn& column : kSearchColumns) {
+    comboWidth = std::max(comboWidth, area.TextWidth(column.caption));
+  }
+  comboWidth += area.Scale(32);  // the drop-down button and the inner margins
+
+  int left = right - buttonWidth;
+  area.Place(btnSearch, {left, edge, buttonWidth, area.ButtonHeight()});
+  left -= related + area.Scale(kSearchTextWidth);
+  area.Place(txtSearch, {left, edge, area.Scale(kSearchTextWidth), row});
+  left -= related + comboWidth;
+  area.Place(cmbSearch, {left, edge, comboWidth, row});
+  left -= labelWidth;
+  area.Place(lblSearch, {left, edge, labelWidth, row});
+
+  const int checkWidth = area.OptionWidth("Free Entry");
+  area.Place(chkFreeEntry, {right - checkWidth, edge + row + related, checkWidth, row});
+  return right - left + area.Scale(spacing::kUnrelated);
+}
+
+// The work of the day from the left, the other windows and the way out at the right.
+int frmMain::LayoutCommands(LayoutArea& area) {
+  const int edge = area.Scale(spacing::kEdge);
+  const int related = area.Scale(spacing::kRelated);
+  const int top = area.Height() - edge - area.ButtonHeight();
+
+  int left = edge;
+  for (Button* const button : {&btnAutoFields, &btnSummarize, &btnCheck, &btnReport, &btnSend}) {
+    const int width = area.ButtonWidth(button->Text());
+    area.Place(*button, {left, top, width, area.ButtonHeight()});
+    left += width + related;
+  }
+  int right = area.Width() - edge;
+  for (Button* const button : {&btnExit, &btnSettings, &btnList}) {
+    const int width = area.ButtonWidth(button->Text());
+    right -= width;
+    area.Place(*button, {right, top, width, area.ButtonHeight()});
+    right -= related;
+  }
+  return left - edge + (area.Width() - edge - right);
+}
+
+void frmMain::Form_Load() { SetupEntryGrid(); }
+
+void frmMain::Form_Unload() {
+  listWindow_.Unload();
+  holdingWindow_.Unload();
+  UnloadSettingsDialog();
+}
+
+void frmMain::Form_Resize() { HideCellEditors(); }
+
+void frmMain::SetupEntryGrid() {
+  const Date today = DateOf(ThePlatform().Now());
+  dtpDate.SetValue(today);
+
+  FlexGrid& grid = Grid();
+  grid.SetRows(2);
+  grid.SetCols(EntryColumn::kCount);
+  for (int col = 0; col < EntryColumn::kCount; ++col) {
+    const char* const caption = kEntryCaptions[static_cast<std::size_t>(col)];
+    grid.SetText(0, col, caption);
+    grid.SetColWidth(col, grid.Measurer().WidthOf(caption) + kCellMargin);
+  }
+  ClearEntryGrid(grid);
+
+  cmbSearch.Clear();
+  for (const SearchColumn& column : kSearchColumns) cmbSearch.AddItem(column.caption);
+  cmbSearch.SetListIndex(0);
+
+  SkipNextLoad = false;
+  optPayIn.SetValue(true);
+  dtpDate.SetValue(today);
+  dtpPayInOrPayOut.SetValue(today);
+}
+
+void frmMain::Form_KeyUp(KeyEvent& key) {
+  if (key.key == VK_DELETE) {
+    DeleteSelectedRows(Grid());
+  } else if (key.key == VK_INSERT) {
+    AddRowAtTradeDate();
+    KeyEvent enter{.key = '\r'};
+    flxEntries_KeyPress(enter);
+  }
+}
+
+// INSERT on Exit adds the row but opens no editor.
+void frmMain::btnExit_KeyUp(KeyEvent& key) {
+  if (key.key == VK_INSERT) {
+    AddRowAtTradeDate();
+  } else {
+    Form_KeyUp(key);
+  }
+}
+
+void frmMain::AddRowAtTradeDate() {
+  AddEntryRow(Grid());
+  Grid().SetCol(EntryColumn::kTradeDate);
+}
+
+void frmMain::optPayIn_Click() { SwitchMode(kPayIn, "Load Payin", optPayOut); }
+
+void frmMain::optPayOut_Click() { SwitchMode(kPayOut, "Load Payout", optPayIn); }
+
+void frmMain::SwitchMode(const EntryModeTexts& mode, const std::string& importCaption,
+                         OptionButton& other) {
+  const bool leavesOtherMode = !EntryMode.name.empty() && EntryMode != mode;
+  if (leavesOtherMode && !IsGridEmpty(Grid())) {
+    if (!ConfirmLoading()) {
+      SkipNextLoad = true;
+      other.SetValue(true);
+      other.SetFocus();
+      return;
+    }
+    ClearEntryGrid(Grid());
+  }
+  EntryMode = mode;
+  SetCaption(CaptionFor(mode.name));
+  savedCaption_ = Caption();  // also what a send that is still running comes back to
+  flxEntries.SetToolTip(mode.name +
+                        " entries. Press INSERT key to add a new row or DELETE key to remove the "
+                        "selected row(s).");
+  Relayout();  // the day's picker goes to the chosen mode
+  btnLoadFromBTFile.SetText(importCaption);
+  btnCheck.SetEnabled(mode == kPayIn);
+}
+
+bool frmMain::TakeSkipNextLoad() {
+  const bool skip = SkipNextLoad;
+  SkipNextLoad = false;
+  return skip;
+}
+
+void frmMain::btnLoadFromBTFile_Click() {
+  const std::optional<std::string> path = ThePlatform().AskForFile(
+      {"Choose Text FIle", {{"Text files (*.TXT)", "*.TXT"}, {"All Files (*.*)", "*.*"}}});
+  if (!path) return;
+  const std::optional<TradeFileName> name = ReadTradeFileName(*path);
+  if (!name) {
+    Tell("Unknown file name format.", "Invalid File", MessageIcon::Critical);
+    return;
+  }
+  dtpPayInOrPayOut.SetValue(name->day);
+  (name->mode == kPayIn ? optPayIn : optPayOut).SetValue(true);
+  if (TakeSkipNextLoad()) return;
+  if (!LoadTradeFile(Grid(), *path, TradeSideOf(EntryMode))) return;
+  SortEntries(Grid());
+}
+
+void frmMain::btnReload_Click() {
+  if (!Ask("Are you sure to load the " + DayFileText() + " ?", "Load Confirmation",
+           MessageIcon::Question)) {
+    return;
+  }
+  if (TakeSkipNextLoad()) return;
+  LoadFileIntoGrid(EntryFilePath(PickedDay()), Grid());
+}
+
+void frmMain::btnSave_Click() {
+  if (!Ask("Are you sure to save the " + DayFileText() + " ?", "Save Confirmation",
+           MessageIcon::Question)) {
+    return;
+  }
+  SaveGridToFile(Grid(), EntryFilePath(PickedDay()));
+  Tell(DayFileText() + " saved successfully.", "File Saved.", MessageIcon::Information);
+}
+
+void frmMain::btnSearch_Click() {
+  const int index = std::max(0, cmbSearch.ListIndex());
+  const int row = FindEntry(Grid(), kSearchColumns[index].col, txtSearch.Text());
+  if (row == 0) {
+    Tell("No such record found.", "Record not found.", MessageIcon::Critical);
+    return;
+  }
+  ShowFoundEntry(Grid(), row);
+}
+
+void frmMain::mnuCopy_Click() { copyRow_ = Grid().Row(); }
+
+void frmMain::mnuPaste_Click() {
+  if (copyRow_ > 0 && Grid().Row() > 0) PasteIntoSelection(Grid(), copyRow_);
+}
+
+void frmMain::mnuDelete_Click() { DeleteSelectedRows(Grid()); }
+
+void frmMain::btnAutoFields_Click() {
+  SortEntries(Grid());
+  FillAutoFields(Grid(), PickedDay());
+}
+
+void frmMain::btnSummarize_Click() {
+  if (!Ask("Are you sure to summarize individual BOs ISIN quantities?", "Confirm Summarize",
+           MessageIcon::Question)) {
+    return;
+  }
+  SortEntries(Grid());
+  MergeEqualEntries(Grid());
+  FillInternalRefNos(Grid());
+}
+
+void frmMain::btnCheck_Click() {
+  if (sendsRunning_ == 0) savedCaption_ = Caption();
+  if (CheckHoldings(HoldingCheckHere())) return;
+  Tell("Holding balance checking completed.", "Checking Complete.", MessageIcon::Information);
+}
+
+void frmMain::btnReport_Click() {
+  if (optPayIn.Value()) {
+    BuildPayInReport(Grid());
+  } else if (optPayOut.Value()) {
+    BuildPayOutReport(Grid());
+  }
+}
+
+void frmMain::btnSend_Click() {
+  if (!ConfirmSend(PickedDay())) return;
+  SendScope sending(*this);
+  if (HasMissingField(Grid())) return;
+  if (HasUnknownBoid(Grid())) return;
+  if (HasUnknownIsin(Grid())) return;
+  if (HasWrongInternalRefPrefix(Grid())) return;
+  SortEntries(Grid());
+  if (CheckSummarized(HoldingCheckHere())) return;
+  if (EntryMode == kPayIn && CheckHoldings(HoldingCheckHere())) return;
+  sending.ShowProgress();  // the holding check had its own
+  const EntrySend send(Grid(), PickedDay(), *this, savedCaption_);
+  if (CheckAlreadySent(send)) return;
+  WriteEntryFile(send);
+  sending.LeaveEndingToUpload();
+  UploadEntryFile(send);
+}
+
+frmMain::SendScope::SendScope(frmMain& window) : window_(window) {
+  if (window_.sendsRunning_++ == 0) window_.savedCaption_ = window_.Caption();
+  ShowProgress();
+}
+
+frmMain::SendScope::~SendScope() {
+  if (--window_.sendsRunning_ > 0) {
+    ShowProgress();
+  } else if (restores_) {
+    window_.SetPointer(PointerShape::Normal);
+    window_.SetCaption(window_.savedCaption_);
+  }
+}
+
+void frmMain::SendScope::ShowProgress() {
+  window_.SetPointer(PointerShape::Hourglass);
+  window_.SetCaption(window_.savedCaption_ + "...Sending records to KTX...Please wait.");
+}
+
+void frmMain::btnList_Click() {
+  CurrentListKind = kBoKind;
+  listWindow_.Show();
+}
+
+void frmMain::btnSettings_Click() { ShowSettingsDialog(this); }
+
+void frmMain::btnExit_Click() { Unload(); }
+
+Date frmMain::PickedDay() const {
+  return dtpPayInOrPayOut.Value().value_or(DateOf(ThePlatform().Now()));
+}
+
+std::string frmMain::DayFileText() const {
+  return EntryMode.name + " file of " + FormatDdMmmYyyy(PickedDay());
+}
+
+HoldingCheck frmMain::HoldingCheckHere() {
+  return {Grid(), *this, savedCaption_, [this] { flxEntries.Redraw(); },
+          [this] { holdingWindow_.ShowFresh(this); }};
+}
+
+}  // namespace tallyrun

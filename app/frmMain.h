@@ -1,0 +1,148 @@
+// The main window: the entry sheet of one mode and day, and the buttons that start everything
+// else. Its handlers ask, call and tell; what they call knows no window.
+#pragma once
+
+#include <string>
+
+#include "app/frmMainIds.h"
+#include "core/EntryRow.h"
+#include "holding/CheckHoldings.h"
+#include "holding/frmHoldingMessage.h"
+#include "lists/frmList.h"
+#include "transfer/SendEntries.h"
+#include "ui/Button.h"
+#include "ui/DatePicker.h"
+#include "ui/FlexGridControl.h"
+#include "ui/Form.h"
+#include "ui/ListControls.h"
+#include "ui/Panels.h"
+#include "ui/PopupMenu.h"
+#include "ui/TextBox.h"
+
+namespace tallyrun {
+
+class frmMain : public Form {
+ public:
+  frmMain();
+
+ protected:
+  void CreateControls() override;
+  void Layout(LayoutArea& area) override;
+  void Form_Load() override;
+  void Form_Unload() override;
+  void Form_Resize() override;
+
+ private:
+  // Shows that a send runs, and puts caption and pointer back on every way out but the upload,
+  // which has endings of its own. While a send waits the clerk may start another one: both come
+  // back to the caption from before the first, which shows its progress again after the second.
+  class SendScope {
+   public:
+    explicit SendScope(frmMain& window);
+    ~SendScope();
+    SendScope(const SendScope&) = delete;
+    SendScope& operator=(const SendScope&) = delete;
+
+    void ShowProgress();
+    void LeaveEndingToUpload() { restores_ = false; }
+
+   private:
+    frmMain& window_;
+    bool restores_ = true;
+  };
+
+  void ConnectHandlers();
+  // Each places one group and gives back the width in pixels that it needs.
+  int LayoutDay(LayoutArea& area);
+  int LayoutSearch(LayoutArea& area);
+  int LayoutCommands(LayoutArea& area);
+
+  void SetupEntryGrid();
+  void Form_KeyUp(KeyEvent& key);
+
+  void optPayIn_Click();
+  void optPayOut_Click();
+  void btnLoadFromBTFile_Click();
+  void btnReload_Click();
+  void btnSave_Click();
+  void btnSearch_Click();
+
+  void flxEntries_KeyPress(KeyEvent& key);
+  void flxEntries_DblClick();
+  void flxEntries_MouseUp(MouseEvent mouse);
+  void flxEntries_Scroll();
+  void txtEditor_KeyPress(KeyEvent& key);
+  void txtEditor_LostFocus();
+  void dtpDate_Change();
+  void dtpDate_KeyPress(KeyEvent& key);
+  void dtpDate_LostFocus();
+  void mnuCopy_Click();
+  void mnuPaste_Click();
+  void mnuDelete_Click();
+
+  void btnAutoFields_Click();
+  void btnSummarize_Click();
+  void btnCheck_Click();
+  void btnReport_Click();
+  void btnSend_Click();
+  void btnList_Click();
+  void btnSettings_Click();
+  void btnExit_Click();
+  void btnExit_KeyUp(KeyEvent& key);
+
+  // Takes over the mode of the clicked option, or puts `other` back when the clerk would rather
+  // keep the rows.
+  void SwitchMode(const EntryModeTexts& mode, const std::string& importCaption,
+                  OptionButton& other);
+  // True once after a declined switch: what was to be loaded is not.
+  bool TakeSkipNextLoad();
+
+  HoldingCheck HoldingCheckHere();
+
+  void AddRowAtTradeDate();
+  void ShowCellEditor();
+  void CommitCellEditor();
+  void WriteDateIntoCell();
+  void HideCellEditors();
+
+  FlexGrid& Grid() { return flxEntries.Grid(); }
+  Date PickedDay() const;
+  // "Pay In file of 05-Jan-2010", as every message about the day's file says it.
+  std::string DayFileText() const;
+
+  OptionButton optPayIn;
+  OptionButton optPayOut;
+  DatePicker dtpPayInOrPayOut;
+  Button btnLoadFromBTFile;
+  Button btnReload;
+  Button btnSave;
+  Label lblSearch;
+  ComboBox cmbSearch;
+  TextBox txtSearch;
+  Button btnSearch;
+  CheckBox chkFreeEntry;
+  TextBox txtEditor;
+  DatePicker dtpDate;
+  FlexGridControl flxEntries;
+  Button btnAutoFields;
+  Button btnSummarize;
+  Button btnCheck;
+  Button btnReport;
+  Button btnSend;
+  Button btnList;
+  Button btnSettings;
+  Button btnExit;
+  PopupMenu mnuCopyCell;
+  MenuItem mnuCopy;
+  MenuItem mnuPaste;
+  MenuItem mnuDelete;
+
+  frmList listWindow_;
+  frmHoldingMessage holdingWindow_;
+  bool SkipNextLoad = false;  // set when the clerk declined a change of mode
+  int copyRow_ = 0;           // the row last copied from; 0 when none was
+  std::string savedCaption_;  // what the caption comes back to after progress texts
+  int sendsRunning_ = 0;
+};
+
+}  // namespace tallyrun

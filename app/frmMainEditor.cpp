@@ -1,0 +1,100 @@
+// The main window's cell editors: a text box and a date picker laid over the current cell.
+#include "app/CellRules.h"
+#include "app/frmMain.h"
+#include "core/GridRows.h"
+#include "ui/CellEditor.h"
+
+namespace tallyrun {
+namespace {
+
+constexpr int kEnter = 13;
+constexpr int kEscape = 27;
+constexpr int kRightButton = 2;
+
+}  // namespace
+
+void frmMain::flxEntries_KeyPress(KeyEvent& key) {
+  if (key.key != kEnter) return;
+  key.handled = true;
+  if (IsEditable(Grid().Col(), EditTrigger::Enter, chkFreeEntry.Value())) ShowCellEditor();
+}
+
+void frmMain::flxEntries_DblClick() {
+  if (IsEditable(Grid().Col(), EditTrigger::DoubleClick, chkFreeEntry.Value())) ShowCellEditor();
+}
+
+void frmMain::flxEntries_MouseUp(MouseEvent mouse) {
+  if (mouse.button == kRightButton) mnuCopyCell.Show(*this);
+}
+
+void frmMain::flxEntries_Scroll() { HideCellEditors(); }
+
+void frmMain::ShowCellEditor() {
+  const int row = Grid().Row();
+  const int col = Grid().Col();
+  if (row < 1) return;  // a sheet without rows has no cell to edit
+  HideCellEditors();
+  if (IsDateColumn(col)) {
+    if (const std::optional<Date> date = EditorDateFor(Grid(), row, col)) dtpDate.SetValue(*date);
+    ShowOverCell(flxEntries, dtpDate);
+  } else {
+    ShowOverCell(flxEntries, txtEditor, EditorTextFor(Grid(), row, col));
+  }
+}
+
+void frmMain::txtEditor_KeyPress(KeyEvent& key) {
+  if (key.key == kEnter) {
+    key.handled = true;
+    CommitCellEditor();
+  } else if (key.key == kEscape) {
+    key.handled = true;
+    HideCellEditors();
+  }
+}
+
+void frmMain::CommitCellEditor() {
+  FlexGrid& grid = Grid();
+  const int topRow = grid.TopRow();
+  std::string text = txtEditor.Text();
+  const bool taken = CommitCellText(grid, grid.Row(), grid.Col(), text, chkFreeEntry.Value());
+  if (!taken) {
+    if (text != txtEditor.Text()) txtEditor.SetText(text);
+    return;
+  }
+  HideCellEditors();
+  grid.SetTopRow(topRow);
+}
+
+void frmMain::txtEditor_LostFocus() { HideCellEditors(); }
+
+void frmMain::dtpDate_Change() {
+  WriteDateIntoCell();
+  PlaceOverCell(flxEntries, dtpDate);  // the cell may have moved with its column's width
+}
+
+void frmMain::dtpDate_KeyPress(KeyEvent& key) {
+  if (key.key == kEnter) {
+    key.handled = true;
+    WriteDateIntoCell();
+    HideCellEditors();
+  } else if (key.key == kEscape) {
+    key.handled = true;
+    HideCellEditors();
+  }
+}
+
+void frmMain::dtpDate_LostFocus() { HideCellEditors(); }
+
+void frmMain::WriteDateIntoCell() {
+  const std::optional<Date> date = dtpDate.Value();
+  Grid().SetText(Grid().Row(), Grid().Col(), date ? FormatDdMmmYyyy(*date) : std::string());
+  FitColumnWidth(Grid(), Grid().Row(), Grid().Col());
+}
+
+// Whatever was being typed is dropped.
+void frmMain::HideCellEditors() {
+  HideOverCell(flxEntries, txtEditor);
+  HideOverCell(flxEntries, dtpDate);
+}
+
+}  // namespace tallyrun
