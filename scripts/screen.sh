@@ -13,9 +13,7 @@ open_screen() {
   export DISPLAY=:$number
 }
 
-# The programs of the Wine prefix in use end first: they would complain about the lost screen.
 close_screen() {
-  wineserver --kill 2>/dev/null || true
   kill "$screen_pid" 2>/dev/null || true
   exec {screen_fd}<&-
 }

@@ -9,6 +9,8 @@ export WINEPREFIX=${WINEPREFIX:-$root/build/wineprefix}
 export WINEDEBUG=${WINEDEBUG:--all}
 # Neither .NET nor a browser engine is needed; without this, a new prefix asks to download them.
 export WINEDLLOVERRIDES='mscoree,mshtml='
+# English captions on the buttons of boxes, and the western code page.
+export LC_ALL=C.UTF-8
 
 # Tests start several at a time: one of them makes the prefix, the others wait for it.
 if [[ ! -e $WINEPREFIX/ready ]]; then

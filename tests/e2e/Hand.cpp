@@ -1,0 +1,94 @@
+#include "tests/e2e/Hand.h"
+
+#include <vector>
+
+#include "tests/e2e/Waiting.h"
+
+namespace tallyrun::testing {
+
+namespace {
+
+void Send(std::vector<INPUT> inputs) {
+  const auto count = static_cast<UINT>(inputs.size());
+  if (SendInput(count, inputs.data(), sizeof(INPUT)) != count) {
+    throw DriverError("The system took no input.");
+  }
+}
+
+INPUT KeyInput(WORD key, DWORD flags) {
+  INPUT input{};
+  input.type = INPUT_KEYBOARD;
+  input.ki.wVk = key;
+  input.ki.wScan = static_cast<WORD>(MapVirtualKeyA(key, MAPVK_VK_TO_VSC));
+  input.ki.dwFlags = flags;
+  switch (key) {
+    case VK_LEFT:
+    case VK_RIGHT:
+    case VK_UP:
+    case VK_DOWN:
+    case VK_HOME:
+    case VK_END:
+    case VK_PRIOR:
+    case VK_NEXT:
+    case VK_INSERT:
+    case VK_DELETE:
+      // Else they are the keys of the number pad.
+      input.ki.dwFlags |= KEYEVENTF_EXTENDEDKEY;
+      break;
+    default:
+      break;
+  }
+  return input;
+}
+
+INPUT MouseInput(DWORD flags) {
+  INPUT input{};
+  input.type = INPUT_MOUSE;
+  input.mi.dwFlags = flags;
+  return input;
+}
+
+}  // namespace
+
+void ClickAt(POINT place, MouseButton button, int times) {
+  const bool left = button == MouseButton::Left;
+  SetCursorPos(place.x, place.y);
+  for (int i = 0; i < times; ++i) {
+    Send({MouseInput(left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN),
+          MouseInput(left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP)});
+  }
+}
+
+void PressKey(WORD key, std::initializer_list<WORD> modifiers) {
+  std::vector<INPUT> inputs;
+  for (WORD modifier : modifiers) inputs.push_back(KeyInput(modifier, 0));
+  inputs.push_back(KeyInput(key, 0));
+  inputs.push_back(KeyInput(key, KEYEVENTF_KEYUP));
+  for (WORD modifier : modifiers) inputs.push_back(KeyInput(modifier, KEYEVENTF_KEYUP));
+  Send(std::move(inputs));
+}
+
+void PressKeys(WORD key, int times) {
+  for (int i = 0; i < times; ++i) PressKey(key);
+}
+
+void TypeText(const std::string& text) {
+  // As characters, not keys: the keyboard's layout need not have them all.
+  std::wstring wide(text.size(), L'\0');
+  wide.resize(
+      static_cast<size_t>(MultiByteToWideChar(CP_ACP, 0, text.data(), static_cast<int>(text.size()),
+                                              wide.data(), static_cast<int>(wide.size()))));
+  std::vector<INPUT> inputs;
+  for (wchar_t character : wide) {
+    for (DWORD flags : {DWORD{KEYEVENTF_UNICODE}, DWORD{KEYEVENTF_UNICODE | KEYEVENTF_KEYUP}}) {
+      INPUT input{};
+      input.type = INPUT_KEYBOARD;
+      input.ki.wScan = static_cast<WORD>(character);
+      input.ki.dwFlags = flags;
+      inputs.push_back(input);
+    }
+  }
+  if (!inputs.empty()) Send(std::move(inputs));
+}
+
+}  // namespace tallyrun::testing

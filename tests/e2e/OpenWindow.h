@@ -1,0 +1,56 @@
+// One window of the program under test as the clerk sees it: found controls by their numbers, their
+// texts and states, and clicks into them. Everything is asked from outside, of another process.
+#pragma once
+
+#include <windows.h>
+
+#include <string>
+#include <vector>
+
+#include "tests/e2e/Hand.h"
+
+namespace tallyrun::testing {
+
+class OpenWindow {
+ public:
+  explicit OpenWindow(HWND window) : window_(window) {}
+
+  HWND Handle() const { return window_; }
+  bool IsOpen() const;
+  std::string Caption() const;
+
+  // A control by its number, at any depth. Waits for it; raises DriverError when it does not come.
+  HWND Control(int id) const;
+  bool HasControl(int id) const;
+  std::string Text(int id) const;
+  bool IsEnabled(int id) const;
+  bool IsVisible(int id) const;
+  bool IsChecked(int id) const;
+
+  // Clicks in the middle of the control once it is visible and enabled.
+  void Click(int id) const;
+  // Clicks at a place of the control, in pixels from its upper left corner.
+  void ClickAt(int id, POINT place, MouseButton button = MouseButton::Left, int times = 1) const;
+  // Clicks the button with this caption; an underlined letter does not count.
+  void ClickButton(const std::string& caption) const;
+  // Replaces the text of a text box.
+  void Enter(int id, const std::string& text) const;
+  // Chooses an entry of a drop-down list.
+  void Choose(int id, const std::string& entry) const;
+
+  // Every visible control's class, number and text, for a failure's report.
+  std::string Describe() const;
+
+ private:
+  HWND FindControl(int id) const;
+  void ClickInside(HWND control, POINT place, MouseButton button, int times) const;
+
+  HWND window_;
+};
+
+// The text of any window or control; waits for a busy program only so long.
+std::string TextOf(HWND window);
+std::string ClassOf(HWND window);
+std::vector<HWND> ChildrenOf(HWND window);
+
+}  // namespace tallyrun::testing
