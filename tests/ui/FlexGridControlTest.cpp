@@ -287,13 +287,6 @@ TEST_F(FlexGridControlTest, EveryWayOfScrollingIsReportedAtOnce) {
   EXPECT_EQ(reports, 0) << "nothing moved";
 }
 
-TEST_F(FlexGridControlTest, KeepsTheWheelsRemainder) {
-  UINT lines = 3;
-  SystemParametersInfoA(SPI_GETWHEELSCROLLLINES, 0, &lines, 0);
-  for (int part = 0; part < 4; ++part) Send(WM_MOUSEWHEEL, WheelBy(-WHEEL_DELTA / 4));
-  EXPECT_EQ(grid_.TopRow(), 1 + std::min(static_cast<int>(lines), grid_.PageRows()));
-}
-
 TEST_F(FlexGridControlTest, ScrollBarsFollowTheDataAndNeverTakeRoom) {
   const RECT full = Client();
   SCROLLINFO rows = ScrollBar(SB_VERT);
