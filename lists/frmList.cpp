@@ -33,6 +33,8 @@ void frmList::Form_Load() {
   cmbListOf.AddItem(ListTextsOf(kIsinKind).title);
   SetupListGrid();
   cmbListOf.SetListIndex(CurrentListKind == kBoKind ? 0 : 1);
+  // Not the chooser: an arrow key there would drop the edits with the list.
+  flxList.SetFocus();
 }
 
 void frmList::Form_Resize() { HideOverCell(flxList, txtEditor); }

@@ -1,5 +1,6 @@
 // The list window under real messages: its two lists, the editor in the grid, the keys of each
 // control, the backup frame, and what may happen while a transfer runs.
+#include <algorithm>
 #include <gtest/gtest.h>
 
 #include "core/Lists.h"
@@ -25,23 +26,6 @@ constexpr char kIsinFile[] =
     "S/N~ISIN Code~ISIN Name~Scrip ID~Scrip Code\r\n"
     "1~INE0AA101011~ALPHA CEMENTS~ALPHA~501\r";
 
-HWND FindControl(HWND parent, int id) {
-  struct Search {
-    int id;
-    HWND found;
-  } search = {id, nullptr};
-  EnumChildWindows(
-      parent,
-      [](HWND window, LPARAM wanted) -> BOOL {
-        Search& searching = *reinterpret_cast<Search*>(wanted);
-        if (GetDlgCtrlID(window) != searching.id) return TRUE;
-        searching.found = window;
-        return FALSE;
-      },
-      reinterpret_cast<LPARAM>(&search));
-  return search.found;
-}
-
 class frmListTest : public ::testing::Test {
  protected:
   frmListTest() {
@@ -63,7 +47,10 @@ class frmListTest : public ::testing::Test {
     form_.Show();
   }
 
-  Control& On(int id) { return *Control::FromHandle(FindControl(form_.Handle(), id)); }
+  Control& On(int id) {
+    const auto& all = form_.Controls();
+    return **std::find_if(all.begin(), all.end(), [id](Control* each) { return each->Id() == id; });
+  }
   FlexGridControl& List() { return static_cast<FlexGridControl&>(On(ids::kFlxList)); }
   FlexGrid& Grid() { return List().Grid(); }
   ListBox& Backups() { return static_cast<ListBox&>(On(ids::kLstBackups)); }
@@ -211,6 +198,10 @@ TEST_F(frmListTest, SavingWritesTheListAndRefreshesItsLookupsAlone) {
   IsinList = {};
   EditCell(1, 3, "C777");
   Press(ids::kTxtEditor, VK_RETURN);
+  Click(ids::kBtnReload);  // declined
+  EXPECT_EQ(platform_.TakeMessage(),
+            (Message{"Are you sure to reload the list?", "Reload Confirmation",
+                     MessageIcon::Question, MessageButtons::YesNo}));
   Click(ids::kBtnSave);
   EXPECT_EQ(platform_.TakeMessage(),
             (Message{"Saved successfully.", "Saved.", MessageIcon::Information}));
@@ -221,27 +212,16 @@ TEST_F(frmListTest, SavingWritesTheListAndRefreshesItsLookupsAlone) {
   Click(ids::kBtnSave);
   EXPECT_EQ(platform_.TakeMessage().text, "Blank row (row number 4) cannot be saved.");
 
-  // The folder is gone: told, and the edits stay.
   platform_.answers = {MessageAnswer::Yes};
-  Click(ids::kBtnRemove);
+  Click(ids::kBtnReload);
+  EXPECT_EQ(Grid().Rows(), 4);
   platform_.messages.clear();
+
+  // The folder is gone: told, and the edits stay.
   Settings.backupLocation += "gone\\";
   Click(ids::kBtnSave);
   EXPECT_EQ(platform_.TakeMessage().title, kApplicationTitle);
   EXPECT_EQ(Grid().Text(1, 3), "C777");
-}
-
-TEST_F(frmListTest, ReloadAsksBeforeTheEditsAreLost) {
-  EditCell(1, 3, "C777");
-  Press(ids::kTxtEditor, VK_RETURN);
-  Click(ids::kBtnReload);
-  EXPECT_EQ(platform_.TakeMessage(),
-            (Message{"Are you sure to reload the list?", "Reload Confirmation",
-                     MessageIcon::Question, MessageButtons::YesNo}));
-  EXPECT_EQ(Grid().Text(1, 3), "C777");
-  platform_.answers = {MessageAnswer::Yes};
-  Click(ids::kBtnReload);
-  EXPECT_EQ(Grid().Text(1, 3), "C001");
 }
 
 TEST_F(frmListTest, TheOpenBackupFrameLeavesNothingElseToDo) {
@@ -285,20 +265,17 @@ TEST_F(frmListTest, ABackupIsTakenLoadedAndDeletedFromTheWindow) {
   EXPECT_FALSE(folder_.Has("2010-05-06_14-30-05_BO.txt"));
   EXPECT_EQ(Backups().ItemText(Backups().ListIndex()), "BO.txt");
   EXPECT_TRUE(On(ids::kFrameBackup).Visible());
-}
+  platform_.messages.clear();
 
-TEST_F(frmListTest, ABackupThatVanishedKeepsItsEntry) {
+  // One that another program deletes keeps its entry.
   folder_.Write("2010-05-06_14-30-05_BO.txt", "old");
+  Click(ids::kBtnCancel_Backup);
   Click(ids::kBtnLoadBackup);
   Backups().SetListIndex(0);
+  DeleteFileA((folder_ / "2010-05-06_14-30-05_BO.txt").c_str());
   platform_.answers = {MessageAnswer::Yes};
-  platform_.onMessage = [this](const Message& message) {
-    if (message.buttons != MessageButtons::YesNo) return;
-    DeleteFileA((folder_ / "2010-05-06_14-30-05_BO.txt").c_str());
-  };
   Click(ids::kBtnDelete_Backup);
-  ASSERT_EQ(platform_.messages.size(), 2u);
-  EXPECT_EQ(platform_.messages[1], Message{"File not found"});
+  EXPECT_EQ(platform_.messages.back(), Message{"File not found"});
   EXPECT_EQ(Backups().ListCount(), 2);
 }
 
