@@ -22,7 +22,7 @@
 namespace tallyrun {
 namespace {
 
-constexpr int kDefaultWidth = 1080;  // of the client area, pixels at 96 DPI
+constexpr int kDefaultWidth = 1240;  // of the client area, pixels at 96 DPI: all columns of a day
 constexpr int kDefaultHeight = 600;
 constexpr int kSearchTextWidth = 150;
 constexpr int kSearchTextMinimum = 90;
