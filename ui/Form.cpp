@@ -62,6 +62,8 @@ Form::~Form() {
 
 void Form::Load() {
   if (closePending_ && handlersRunning_ == 0) UnloadNow();
+  // Wanted again before the handler that it waited for has returned: it stays.
+  closePending_ = false;
   if (IsLoaded()) return;
   if (loadedForms.empty()) programIsEnding = false;
   loading_ = true;

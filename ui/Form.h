@@ -41,7 +41,7 @@ class Form : public BusyWindow, public ControlParent {
 
   // Makes the window and its controls, hidden, and runs Form_Load. Nothing when loaded.
   void Load();
-  // Loads and shows the form, in front.
+  // Loads and shows the form, in front. One that was closed while its handler runs stays then.
   void Show();
   // Loads and shows it, disables the other forms, and returns when it is unloaded. `owner` may be
   // null. Raises ProgramEnding when the program ended meanwhile.

@@ -279,17 +279,20 @@ TEST_F(frmListTest, ABackupIsTakenLoadedAndDeletedFromTheWindow) {
   EXPECT_EQ(Backups().ListCount(), 2);
 }
 
-TEST_F(frmListTest, ClosedDuringATransferItStillTellsTheOutcomeAndIsGoneThen) {
-  platform_.onPendingEvents = [this] {
-    folder_.Write("out.txt", "226 Transfer complete.");
-    SendMessageA(form_.Handle(), WM_CLOSE, 0, 0);
-    EXPECT_FALSE(IsWindowVisible(form_.Handle()));
-  };
-  Click(ids::kBtnUpdateList);
-  EXPECT_EQ(platform_.TakeMessage().title, "Send succeeded");
-  EXPECT_FALSE(folder_.Has("BO_123456.txt"));
-  Pump();
-  EXPECT_FALSE(form_.IsLoaded());
+TEST_F(frmListTest, ClosedDuringATransferItTellsTheOutcomeAndGoesUnlessWantedAgain) {
+  for (const bool wantedAgain : {true, false}) {
+    platform_.onPendingEvents = [&] {
+      folder_.Write("out.txt", "226 Transfer complete.");
+      SendMessageA(form_.Handle(), WM_CLOSE, 0, 0);
+      EXPECT_FALSE(IsWindowVisible(form_.Handle()));
+      if (wantedAgain) form_.Show();
+    };
+    Click(ids::kBtnUpdateList);
+    EXPECT_EQ(platform_.TakeMessage().title, "Send succeeded");
+    EXPECT_FALSE(folder_.Has("BO_123456.txt"));
+    Pump();
+    EXPECT_EQ(form_.IsLoaded(), wantedAgain);
+  }
 }
 
 TEST_F(frmListTest, EveryControlStandsInTheWindowApartFromTheOthers) {
