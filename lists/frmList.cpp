@@ -219,8 +219,7 @@ void frmList::FillBackupList() {
   const std::vector<std::string> entries = ListBackups(CurrentListKind);
   // With nothing to list, what was listed last stays.
   if (entries.empty()) return;
-  lstBackups.Clear();
-  for (const std::string& entry : entries) lstBackups.AddItem(entry);
+  lstBackups.SetItems(entries);
   lstBackups.SetListIndex(lstBackups.ListCount() - 1);
 }
 

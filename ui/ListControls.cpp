@@ -81,6 +81,15 @@ void ListBox::Create(ControlParent& parent, int id, const std::string& toolTip) 
 }
 
 void ListBox::AddItem(const std::string& text) { Add(Handle(), LB_ADDSTRING, text); }
+void ListBox::SetItems(const std::vector<std::string>& items) {
+  if (Handle() == nullptr) return;
+  SendMessageA(Handle(), WM_SETREDRAW, FALSE, 0);
+  Clear();
+  for (const std::string& item : items) AddItem(item);
+  SendMessageA(Handle(), WM_SETREDRAW, TRUE, 0);
+  InvalidateRect(Handle(), nullptr, TRUE);
+}
+
 void ListBox::RemoveItem(int index) { Ask(Handle(), LB_DELETESTRING, static_cast<WPARAM>(index)); }
 void ListBox::Clear() { Ask(Handle(), LB_RESETCONTENT); }
 int ListBox::ListCount() const { return Handle() == nullptr ? 0 : Ask(Handle(), LB_GETCOUNT); }
