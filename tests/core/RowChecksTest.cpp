@@ -56,34 +56,24 @@ TEST_F(RowChecksTest, TheLeftmostColumnWithABlankIsReportedAndItsCellShown) {
   EXPECT_LE(grid.LeftCol(), EntryColumn::kClientCode);
 }
 
-TEST_F(RowChecksTest, AnEmptySheetFailsOnItsFirstColumn) {
-  FillRows(grid, {"1"});
-  EXPECT_TRUE(HasMissingField(grid));
-  EXPECT_EQ(platform.TakeMessage(),
-            Refusal("Broker ID is not given in row number 1.", "Missing Broker ID"));
-}
-
 TEST_F(RowChecksTest, AColumnOutsideTheGridIsAnErrorShownInABox) {
   EXPECT_FALSE(CheckColumnFilled(grid, EntryColumn::kCount));
   EXPECT_EQ(platform.TakeMessage(), (Message{"Subscript out of range"}));
 }
 
-TEST_F(RowChecksTest, UnknownNamesAreFoundByTheirMarkers) {
-  grid.SetText(4, EntryColumn::kBoName, kBoNameNotFound);
-  grid.SetText(2, EntryColumn::kIsinName, kIsinNameNotFound);
+TEST_F(RowChecksTest, UnknownNamesAreFoundByTheirMarkersAsTheyAreWritten) {
+  grid.SetText(0, EntryColumn::kBoName, kBoNameNotFound);  // a caption is no row
+  grid.SetText(1, EntryColumn::kBoName, "bo name not found");
+  grid.SetText(2, EntryColumn::kBoName, " BO NAME NOT FOUND");
+  EXPECT_FALSE(HasUnknownBoid(grid));
+  grid.SetText(1, EntryColumn::kBoName, kBoNameNotFound);
   EXPECT_TRUE(HasUnknownBoid(grid));
   EXPECT_EQ(platform.TakeMessage(),
-            Refusal("BOID is not entered correctly in row number 4.", "Invalid BOID"));
+            Refusal("BOID is not entered correctly in row number 1.", "Invalid BOID"));
+  grid.SetText(2, EntryColumn::kIsinName, kIsinNameNotFound);
   EXPECT_TRUE(HasUnknownIsin(grid));
   EXPECT_EQ(platform.TakeMessage(),
             Refusal("ISIN Code is not entered correctly in row number 2.", "Invalid ISIN Code"));
-}
-
-TEST_F(RowChecksTest, AMarkerCountsOnlyAsItIsWritten) {
-  grid.SetText(1, EntryColumn::kBoName, "bo name not found");
-  grid.SetText(2, EntryColumn::kBoName, " BO NAME NOT FOUND");
-  grid.SetText(0, EntryColumn::kBoName, kBoNameNotFound);  // a caption is no row
-  EXPECT_EQ(FindRowWithValue(grid, EntryColumn::kBoName, kBoNameNotFound), -1);
 }
 
 TEST_F(RowChecksTest, ReferencesBeginWithTheLetterOfTheMode) {

@@ -18,7 +18,6 @@ TEST(HoldingFileTest, TheSubjectStandsInTheFirstLine) {
       {"DP 1 Report for A B:C : D : E", "A B:C"},
       {"Report for no end", "no end"},
       {"Report for \r\n", ""},
-      {"Report for  : x", ""},
       {"Report for A Report for B :", "A Report for B"},
       {" : Report for A\n : B", "A\n"},
   };

@@ -213,16 +213,5 @@ TEST_F(SendEntriesTest, AnErrorInTheUploadLeavesCaptionAndPointerAndArchivesNoth
   ExpectBusy();
 }
 
-TEST_F(SendEntriesTest, AnArchiveThatCannotBeWrittenIsAnErrorAfterTheVerdict) {
-  folder.Write("Sent", "a file, no folder");
-  PlayClient(kComplete);
-  UploadEntryFile(NewSend());
-  ASSERT_EQ(platform.messages.size(), 2u);
-  EXPECT_EQ(platform.messages[0].title, "Send succeeded");
-  EXPECT_EQ(platform.messages[1].title, "Tallyrun");
-  EXPECT_EQ(folder.Read("Sent"), "a file, no folder");
-  ExpectAtRest();
-}
-
 }  // namespace
 }  // namespace tallyrun
