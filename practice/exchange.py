@@ -18,12 +18,13 @@ from pyftpdlib.handlers import DTPHandler, FTPHandler
 from pyftpdlib.servers import FTPServer
 
 USER, PASSWORD = "ledgerhand", "qz5071"
+LOOK_AGAIN = 0.05  # seconds between looks whether an answer may be given now
 
 FAULTS = {
     "refuse-login": "no account may log in",
     "drop-upload": "hang up in the middle of an upload",
     "drop-download": "hang up in the middle of a download",
-    "never-answer": "take connections and commands, but answer none",
+    "never-answer": "take connections and commands, but answer none as long as this lasts",
     "refuse-upload": "accept no upload",
     "full": "run out of space in the middle of an upload",
     "lowercase-replies": "write every reply in small letters",
@@ -99,7 +100,10 @@ class ExchangeHandler(FTPHandler):
         self._current_type = "i"
 
     def respond(self, resp, logfun=logging.debug):
+        if self._closed:
+            return
         if self.faults.has("never-answer"):
+            self.ioloop.call_later(LOOK_AGAIN, self.respond, resp, logfun)
             return
         if resp.startswith('250 "'):
             resp = "250 CWD command successful."

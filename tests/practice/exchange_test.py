@@ -123,10 +123,7 @@ class ExchangeTest(unittest.TestCase):
         self.assertNotIn("226 ", output)
         self.assertEqual((self.local / "day.txt").read_bytes(), b"01234")
 
-    def test_a_server_that_never_answers_is_waited_for_until_it_ends(self):
-        self.stop()
-        (self.base / "port").unlink()
-        self.start("--never-answer")
+    def begin_unanswered(self):
         client = self.begin("cd entry")
         connected = ""
         while "Connected to" not in connected:
@@ -134,6 +131,19 @@ class ExchangeTest(unittest.TestCase):
             self.assertTrue(line, "the client ended before it was connected")
             connected += line
         self.assertIsNone(client.poll())
+        return client
+
+    def test_answers_come_once_they_are_no_longer_held_back(self):
+        self.faults("never-answer")
+        client = self.begin_unanswered()
+        self.faults()
+        self.assertIn("221 ", client.communicate(timeout=LIMIT)[0])
+
+    def test_a_server_that_never_answers_is_waited_for_until_it_ends(self):
+        self.stop()
+        (self.base / "port").unlink()
+        self.start("--never-answer")
+        client = self.begin_unanswered()
         self.stop()
         output = client.communicate(timeout=LIMIT)[0]
         self.assertEqual(client.returncode, 0)
