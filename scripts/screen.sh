@@ -4,7 +4,7 @@
 open_screen() {
   local number
   # The server picks a free number and tells it once it takes clients.
-  exec {screen_fd}< <(exec Xvfb -displayfd 1 -screen 0 "${1:-1280x1024}x24" -nolisten tcp 2>/dev/null)
+  exec {screen_fd}< <(exec Xvfb -displayfd 1 -screen 0 "${1:-1280x1024}x24" -noreset -nolisten tcp 2>/dev/null)
   screen_pid=$!
   if ! read -r number <&"$screen_fd"; then
     echo "No screen: Xvfb doesn't start." >&2

@@ -11,7 +11,8 @@ packages=(
   wine wine64 fonts-wine       # run it here ...
   xvfb                         # ... on a screen in memory
   libxcomposite1 libxcursor1 libxi6 libxinerama1 libxrandr2 libxrender1
-  openbox imagemagick          # title bars and pictures of the demo
+  openbox x11-xserver-utils    # the demo's title bars and background ...
+  imagemagick                  # ... and its pictures
   fonts-dejavu-core fonts-liberation
   python3 python3-pyftpdlib    # the practice exchange
   "$@"

@@ -18,21 +18,31 @@ if [[ ! -e $WINEPREFIX/ready ]]; then
   exec 9>"$WINEPREFIX/lock"
   flock 9
   if [[ ! -e $WINEPREFIX/ready ]]; then
-    if ! env -u DISPLAY wineboot --init >"$WINEPREFIX/init.log" 2>&1 9>&-; then
-      cat "$WINEPREFIX/init.log" >&2
-      exit 1
-    fi
-    # The server must not go on without a screen for the programs to come.
-    wineserver --wait 9>&-
+    (
+      unset DISPLAY
+      wineboot --init
+      # Smooth letters, as Windows has them.
+      wine reg add 'HKCU\Control Panel\Desktop' /f /v FontSmoothing /d 2
+      wine reg add 'HKCU\Control Panel\Desktop' /f /v FontSmoothingType /t REG_DWORD /d 1
+      # The programs to come find no server that was started without a screen.
+      wineserver --wait
+    ) >"$WINEPREFIX/init.log" 2>&1 9>&- || { cat "$WINEPREFIX/init.log" >&2; exit 1; }
     touch "$WINEPREFIX/ready"
   fi
   exec 9>&-
 fi
 
-if [[ -n ${DISPLAY:-} ]]; then
-  exec wine "$@"
+if [[ -z ${DISPLAY:-} ]]; then
+  source "$root/scripts/screen.sh"
+  open_screen
+  trap close_screen EXIT
 fi
-source "$root/scripts/screen.sh"
-open_screen
-trap close_screen EXIT
-wine "$@"
+
+# Wine's background programs keep this stream open for some seconds after the program's end. Were it
+# the caller's own, ctest would wait for them, and each test would have to start them anew.
+errors=$(mktemp)
+status=0
+wine "$@" 2>"$errors" || status=$?
+cat "$errors" >&2
+rm -f "$errors"
+exit $status

@@ -159,6 +159,21 @@ void ClerkDriver::CancelFile(const std::string& dialogTitle) {
   Holds([&] { return !dialog.IsOpen(); });
 }
 
+void ClerkDriver::WaitUntilPainted() const {
+  const auto painted = [](HWND window) {
+    return !IsWindowVisible(window) || !GetUpdateRect(window, nullptr, FALSE);
+  };
+  const bool done = Holds([&] {
+    const std::vector<HWND> windows = Windows();
+    return std::count(windows.begin(), windows.end(), GetForegroundWindow()) > 0 &&
+           std::all_of(windows.begin(), windows.end(), [&](HWND window) {
+             const std::vector<HWND> children = ChildrenOf(window);
+             return painted(window) && std::all_of(children.begin(), children.end(), painted);
+           });
+  });
+  if (!done) throw DriverError("Still painting:\n" + DescribeScreen());
+}
+
 DWORD ClerkDriver::WaitForEnd() {
   if (WaitForSingleObject(process_.hProcess, kPatienceSeconds * 1000) != WAIT_OBJECT_0) {
     throw DriverError("The program does not end. On the screen:\n" + DescribeScreen());

@@ -44,6 +44,9 @@ class ClerkDriver {
   // Closes the open-file dialog with this title without a choice.
   void CancelFile(const std::string& dialogTitle);
 
+  // Waits until one of the program's windows is in front and none has anything left to paint.
+  void WaitUntilPainted() const;
+
   // Waits for the program to end; its exit code.
   DWORD WaitForEnd();
   bool HasEnded() const;

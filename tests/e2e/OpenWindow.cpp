@@ -129,6 +129,27 @@ void OpenWindow::Enter(int id, const std::string& text) const {
   }
 }
 
+bool OpenWindow::HasFocus(int id) const { return FocusedControl() == Control(id); }
+
+HWND OpenWindow::FocusedControl() const {
+  GUITHREADINFO thread{};
+  thread.cbSize = sizeof thread;
+  GetGUIThreadInfo(GetWindowThreadProcessId(window_, nullptr), &thread);
+  return thread.hwndFocus;
+}
+
+void OpenWindow::TabTo(int id) const {
+  const size_t stops = ChildrenOf(window_).size();
+  for (size_t i = 0; i < stops && !HasFocus(id); ++i) {
+    HWND before = FocusedControl();
+    PressKey(VK_TAB);
+    if (!Holds([&] { return FocusedControl() != before; })) break;
+  }
+  if (!HasFocus(id)) {
+    throw DriverError("Tab does not reach control " + std::to_string(id) + " in:\n" + Describe());
+  }
+}
+
 void OpenWindow::Choose(int id, const std::string& entry) const {
   HWND list = Control(id);
   const LRESULT index = AskWindow(list, CB_FINDSTRINGEXACT, static_cast<WPARAM>(-1),

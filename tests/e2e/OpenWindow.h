@@ -35,6 +35,9 @@ class OpenWindow {
   void ClickButton(const std::string& caption) const;
   // Replaces the text of a text box.
   void Enter(int id, const std::string& text) const;
+  // Presses Tab until the control has the focus.
+  void TabTo(int id) const;
+  bool HasFocus(int id) const;
   // Chooses an entry of a drop-down list.
   void Choose(int id, const std::string& entry) const;
 
@@ -43,6 +46,7 @@ class OpenWindow {
 
  private:
   HWND FindControl(int id) const;
+  HWND FocusedControl() const;
   void ClickInside(HWND control, POINT place, MouseButton button, int times) const;
 
   HWND window_;

@@ -1,0 +1,76 @@
+#!/bin/bash
+# Works a Pay In day in the real program and leaves in build/demo/ the files it made, a picture of
+# each step and demo.log. Where there is no display, it runs on a screen in memory.
+#   --stay   leave the program open on the sample folder to play with; always so on a display
+set -euo pipefail
+cd "$(dirname "$0")/.."
+stay=
+if [[ ${1:-} == --stay || -n ${DISPLAY:-} ]]; then stay=--stay; fi
+
+scripts/setup.sh
+cmake --preset windows >/dev/null
+cmake --build --preset windows --target Tallyrun demo_clerk
+
+demo=$PWD/build/demo
+rm -rf "$demo"
+mkdir -p "$demo"
+cp -r samples/program samples/work samples/import "$demo"
+cp build/windows/Tallyrun.exe "$demo/program"
+# The settings are text of the system code page, and Wine has the whole file system as drive Z.
+folder=Z:${demo//\//\\}
+backup_location=$(iconv -t CP1252 <<<"$folder\\work\\")
+settings=$(<samples/program/Tallyrun.ini)
+printf %s "${settings//@BACKUP_LOCATION@/"$backup_location"}" >"$demo/program/Tallyrun.ini"
+
+export WINEPREFIX=$PWD/build/wineprefix
+if [[ -z ${DISPLAY:-} ]]; then
+  source scripts/screen.sh
+  open_screen 1280x800
+  trap 'wineserver --kill || true; close_screen' EXIT
+  xsetroot -solid '#4a6478'
+  # Draws the title bars.
+  openbox --sm-disable &>/dev/null &
+fi
+
+say() {
+  printf '%s\n' "$1" | tee -a "$demo/demo.log"
+}
+
+# The screen is still being painted when the clerk asks: two pictures alike are a finished one. A
+# blinking caret keeps it from coming to rest, so it is not waited for without end.
+take_picture() {
+  local before= now
+  for _ in {1..8}; do
+    import -silent -window root -strip "png:$demo/$1"
+    now=$(cksum <"$demo/$1")
+    [[ $now != "$before" ]] || break
+    before=$now
+  done
+  say "   picture $1"
+}
+
+coproc CLERK { exec scripts/wine.sh build/windows/tests/e2e/demo_clerk.exe "$folder" $stay 2>/dev/null; }
+clerk_pid=$CLERK_PID
+exec {answers}>&"${CLERK[1]}" {lines}<&"${CLERK[0]}"
+while IFS= read -r line <&"$lines"; do
+  line=${line%$'\r'}
+  case $line in
+    '@picture '*)
+      take_picture "${line#@picture }"
+      echo >&"$answers"
+      ;;
+    # Not the end of the stream: Wine's own processes hold it open a while longer.
+    @done) break ;;
+    *) say "$line" ;;
+  esac
+done
+if ! wait "$clerk_pid"; then
+  echo "The demo failed; see build/demo/." >&2
+  exit 1
+fi
+
+say "Done: build/demo/ holds the pictures, and work/ the files of the day."
+if [[ -n $stay ]]; then
+  say "Tallyrun stays open on display $DISPLAY; close its window to end."
+  wineserver --wait
+fi

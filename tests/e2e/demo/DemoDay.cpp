@@ -1,0 +1,35 @@
+#include "tests/e2e/demo/DemoDay.h"
+
+#include <cstdio>
+#include <iostream>
+
+#include "tests/e2e/Waiting.h"
+
+namespace tallyrun::testing {
+
+DemoDay::DemoDay(const std::string& folder)
+    : folder_(folder), clerk_(folder + "\\program\\Tallyrun.exe") {}
+
+void DemoDay::Say(const std::string& line) const { std::cout << line << std::endl; }
+
+void DemoDay::TakePicture(const std::string& name) {
+  clerk_.WaitUntilPainted();
+  char number[8];
+  std::snprintf(number, sizeof number, "%02d-", ++pictures_);
+  // A line that begins with "@" is for the script; it answers with a line once the file is there.
+  Say("@picture " + (number + name) + ".png");
+  std::string answer;
+  if (!std::getline(std::cin, answer)) throw DriverError("Nobody takes the pictures.");
+}
+
+void DemoDay::Answer(const std::string& pictureName, const std::string& button) {
+  Box box = clerk_.ReadBox();
+  for (size_t at; (at = box.text.find_first_of("\r\n")) != std::string::npos;) {
+    box.text.replace(at, box.text[at] == '\r' ? 2 : 1, " / ");
+  }
+  TakePicture(pictureName);
+  Say("   box \"" + box.title + "\": \"" + box.text + "\" -> " + button);
+  clerk_.Answer(button);
+}
+
+}  // namespace tallyrun::testing

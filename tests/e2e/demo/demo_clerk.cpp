@@ -1,0 +1,39 @@
+// Works a day in the real program, for scripts/demo.sh: demo_clerk FOLDER [--stay]
+// FOLDER holds program\Tallyrun.exe, work\ and import\. With --stay the program is left open.
+#include <exception>
+#include <string>
+
+#include "tests/e2e/demo/DemoDay.h"
+
+using tallyrun::testing::DemoDay;
+using tallyrun::testing::DemoStep;
+
+namespace {
+
+// False when the day broke off.
+bool Work(DemoDay& day, bool stay) {
+  try {
+    int number = 0;
+    for (const DemoStep& step : tallyrun::testing::EntrySheetSteps()) {
+      day.Say(std::to_string(++number) + ". " + step.title);
+      step.work(day);
+    }
+    if (stay) day.Clerk().LeaveRunning();
+    return true;
+  } catch (const std::exception& error) {
+    day.Say(std::string("The day stops here: ") + error.what());
+    day.TakePicture("stopped");
+    return false;
+  }
+}
+
+}  // namespace
+
+int main(int count, char** arguments) {
+  if (count < 2) return 2;
+  const bool stay = count > 2 && std::string(arguments[2]) == "--stay";
+  DemoDay day(arguments[1]);
+  const bool worked = Work(day, stay);
+  day.Say("@done");
+  return worked ? 0 : 1;
+}
