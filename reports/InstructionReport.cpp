@@ -44,7 +44,7 @@ constexpr std::string_view kLeftSignature = "Authorized Signatory";
 constexpr std::string_view kRightSignature = "Approved By KTX Official";
 
 void AppendPadded(std::string& report, std::string_view text, int width, bool alignRight = false) {
-  const std::size_t size = static_cast<std::size_t>(width);
+  const auto size = static_cast<std::size_t>(width);
   const std::string_view kept = text.substr(0, size);
   if (alignRight) report.append(size - kept.size(), ' ');
   report += kept;
