@@ -375,7 +375,10 @@ void frmMain::btnReport_Click() {
 void frmMain::btnSend_Click() {
   if (!ConfirmSend(PickedDay())) return;
   SendScope sending(*this);
-  if (HasMissingField(Grid())) return;
+  if (HasMissingField(Grid())) {
+    flxEntries.ShowCell(Grid().Row(), Grid().Col());
+    return;
+  }
   if (HasUnknownBoid(Grid())) return;
   if (HasUnknownIsin(Grid())) return;
   if (HasWrongInternalRefPrefix(Grid())) return;

@@ -82,13 +82,5 @@ TEST_F(AutoFillTest, ABadTradeDateEndsThePassAtItsRow) {
   EXPECT_THAT(ColumnOf(grid, EntryColumn::kBoName), ElementsAre("ANN ALDER", "BEN BIRCH", ""));
 }
 
-TEST_F(AutoFillTest, NumberingAloneTouchesNoOtherColumn) {
-  FillRows(grid, {EntryCells({{EntryColumn::kTradeDate, "5-3-2010"}, {EntryColumn::kBoId, "x"}}),
-                  EntryCells({{EntryColumn::kTradeDate, "5-3-2010"}, {EntryColumn::kBoId, "y"}})});
-  FillInternalRefNos(grid);
-  EXPECT_THAT(RowsOf(grid), ElementsAre("|||5-3-2010|||x||||||I1234560503101",
-                                        "|||5-3-2010|||y||||||I1234560503102"));
-}
-
 }  // namespace
 }  // namespace tallyrun

@@ -46,10 +46,10 @@ class CellRulesTest : public testing::EntrySheetFixture {
 };
 
 struct CommitCase {
-  const char* name;
   int col;
   const char* typed;
   const char* row;  // columns 5 to 11 afterwards
+  bool freeEntry = false;
 };
 
 std::string Columns5To11(const FlexGrid& grid) {
@@ -59,62 +59,42 @@ std::string Columns5To11(const FlexGrid& grid) {
 }
 
 TEST_F(CellRulesTest, KeyColumnsFillTheCellsThatFollowFromThem) {
+  using namespace EntryColumn;
   const CommitCase cases[] = {
-      {"a short BO ID is completed", EntryColumn::kBoId, " 002 ",
-       "C2|1201950000000002|BEN BIRCH|scrip|isin|isin name|1"},
-      {"a full BO ID is kept", EntryColumn::kBoId, "1201950000000001",
-       "C1|1201950000000001|ANN ALDER|scrip|isin|isin name|1"},
-      {"an unknown BO ID", EntryColumn::kBoId, "9",
-       "|1201950000000009|BO NAME NOT FOUND|scrip|isin|isin name|1"},
-      {"no BO ID", EntryColumn::kBoId, "  ", "|||scrip|isin|isin name|1"},
-      {"a client code", EntryColumn::kClientCode, "C3",
-       "C3|1201950000000003|CL\xC9O CEDAR|scrip|isin|isin name|1"},
-      {"a client code in other case", EntryColumn::kClientCode, "c3",
-       "c3||BO NAME NOT FOUND|scrip|isin|isin name|1"},
-      {"no client code", EntryColumn::kClientCode, "", "|||scrip|isin|isin name|1"},
-      {"a part of a scrip ID", EntryColumn::kScripId, "rav",
-       "client|bo|name|rav|KX0002000029|BRAVO BANK LTD|1"},
-      {"an unknown scrip ID", EntryColumn::kScripId, "zz",
-       "client|bo|name|zz||ISIN NAME NOT FOUND|1"},
-      {"no scrip ID", EntryColumn::kScripId, "", "client|bo|name||||1"},
-      {"a part of an ISIN code is completed", EntryColumn::kIsinCode, "x0003",
-       "client|bo|name|CHARLC|KX0003000037|CHARLIE CABLE LTD|1"},
-      {"an unknown ISIN code stays as typed", EntryColumn::kIsinCode, "ZZ",
-       "client|bo|name||ZZ|ISIN NAME NOT FOUND|1"},
-      {"no ISIN code", EntryColumn::kIsinCode, "", "client|bo|name||||1"},
-      {"thousands separators go", EntryColumn::kQuantity, "1,500",
-       "client|bo|name|scrip|isin|isin name|1500"},
-      {"no quantity", EntryColumn::kQuantity, ",", "client|bo|name|scrip|isin|isin name|"},
-      {"a name is taken as typed", EntryColumn::kBoName, " other ",
-       "client|bo|other|scrip|isin|isin name|1"},
+      {kBoId, " 002 ", "C2|1201950000000002|BEN BIRCH|scrip|isin|isin name|1"},
+      {kBoId, "1201950000000001", "C1|1201950000000001|ANN ALDER|scrip|isin|isin name|1"},
+      {kBoId, "9", "|1201950000000009|BO NAME NOT FOUND|scrip|isin|isin name|1"},
+      {kBoId, "  ", "|||scrip|isin|isin name|1"},
+      {kClientCode, "C3", "C3|1201950000000003|CL\xC9O CEDAR|scrip|isin|isin name|1"},
+      {kClientCode, "c3", "c3||BO NAME NOT FOUND|scrip|isin|isin name|1"},
+      {kClientCode, "", "|||scrip|isin|isin name|1"},
+      {kScripId, "rav", "client|bo|name|rav|KX0002000029|BRAVO BANK LTD|1"},
+      {kScripId, "zz", "client|bo|name|zz||ISIN NAME NOT FOUND|1"},
+      {kScripId, "", "client|bo|name||||1"},
+      {kIsinCode, "x0003", "client|bo|name|CHARLC|KX0003000037|CHARLIE CABLE LTD|1"},
+      {kIsinCode, "ZZ", "client|bo|name||ZZ|ISIN NAME NOT FOUND|1"},
+      {kIsinCode, "", "client|bo|name||||1"},
+      {kQuantity, "1,500", "client|bo|name|scrip|isin|isin name|1500"},
+      {kQuantity, ",", "client|bo|name|scrip|isin|isin name|"},
+      {kBoName, " other ", "client|bo|other|scrip|isin|isin name|1"},
+      // Free Entry leaves the completion in force and looks nothing up.
+      {kBoId, "2", "client|1201950000000002|name|scrip|isin|isin name|1", true},
+      {kBoId, "", "|||scrip|isin|isin name|1", true},
+      {kClientCode, "", "|bo|name|scrip|isin|isin name|1", true},
+      {kScripId, "rav", "client|bo|name|rav|isin|isin name|1", true},
+      {kIsinCode, "x0003", "client|bo|name|scrip|x0003|isin name|1", true},
+      {kQuantity, "2,0", "client|bo|name|scrip|isin|isin name|20", true},
   };
   for (const CommitCase& each : cases) {
-    SCOPED_TRACE(each.name);
+    SCOPED_TRACE(std::to_string(each.col) + ": " + each.typed);
     FillRows(grid, {Before()});
     std::string text = each.typed;
-    EXPECT_TRUE(CommitCellText(grid, 1, each.col, text, false));
+    EXPECT_TRUE(CommitCellText(grid, 1, each.col, text, each.freeEntry));
     EXPECT_EQ(Columns5To11(grid), each.row);
     EXPECT_EQ(text, grid.Text(1, each.col));
-    EXPECT_TRUE(platform.messages.empty());
   }
-}
-
-TEST_F(CellRulesTest, FreeEntryLeavesCompletionAndChecksInForceAndNoLookups) {
-  const CommitCase cases[] = {
-      {"completed", EntryColumn::kBoId, "2", "client|1201950000000002|name|scrip|isin|isin name|1"},
-      {"cleared", EntryColumn::kBoId, "", "|||scrip|isin|isin name|1"},
-      {"client code", EntryColumn::kClientCode, "", "|bo|name|scrip|isin|isin name|1"},
-      {"scrip ID", EntryColumn::kScripId, "rav", "client|bo|name|rav|isin|isin name|1"},
-      {"ISIN code", EntryColumn::kIsinCode, "x0003", "client|bo|name|scrip|x0003|isin name|1"},
-      {"quantity", EntryColumn::kQuantity, "2,0", "client|bo|name|scrip|isin|isin name|20"},
-  };
-  for (const CommitCase& each : cases) {
-    SCOPED_TRACE(each.name);
-    FillRows(grid, {Before()});
-    std::string text = each.typed;
-    EXPECT_TRUE(CommitCellText(grid, 1, each.col, text, true));
-    EXPECT_EQ(Columns5To11(grid), each.row);
-  }
+  EXPECT_TRUE(platform.messages.empty());
+  EXPECT_EQ(grid.ColWidth(kIsinName), 19 * 100 + 200);  // widened by the longest
 }
 
 TEST_F(CellRulesTest, ARefusedTextLeavesTheRowAndGoesOnBeingEdited) {
@@ -133,13 +113,6 @@ TEST_F(CellRulesTest, ARefusedTextLeavesTheRowAndGoesOnBeingEdited) {
     EXPECT_EQ(text, "15a");
     EXPECT_EQ(RowsOf(grid), std::vector<std::string>{Before()});
   }
-}
-
-TEST_F(CellRulesTest, WidensTheColumnsItFills) {
-  std::string text = "3";
-  CommitCellText(grid, 1, EntryColumn::kIsinCode, text, false);
-  EXPECT_EQ(grid.ColWidth(EntryColumn::kIsinName), 17 * 100 + 200);
-  EXPECT_EQ(grid.ColWidth(EntryColumn::kIsinCode), 12 * 100 + 200);
 }
 
 TEST_F(CellRulesTest, EditorsStartWithTheCellOrElseWithTheCellAbove) {

@@ -1,6 +1,7 @@
 #include <gmock/gmock.h>
 
 #include "app/TradeFile.h"
+#include "core/GridRows.h"
 #include "core/RuntimeError.h"
 #include "core/modFileIO.h"
 #include "tests/support/EntrySheetFixture.h"
@@ -96,21 +97,17 @@ TEST_F(TradeFileTest, TakesTheLinesOfOneSideAndLooksTheirNamesUp) {
                                  "BRAVOB", "KX0002000029", "BRAVO BANK LTD", "400")));
 }
 
-TEST_F(TradeFileTest, AsksBeforeRowsAreLost) {
+TEST_F(TradeFileTest, AsksBeforeRowsAreLostAndMayLeaveNone) {
   const std::vector<std::string> rows = {Filled("1", "", "C2", "", "", "", "", "", "")};
   FillRows(grid, rows);
-  LoadTradeFile(grid, Write(kTrades), "S");
-  EXPECT_EQ(platform.TakeMessage(),
-            (Message{"Unsaved data will be lost.\r\nAre you sure to continue?", "Confirm Loading",
-                     MessageIcon::Question, MessageButtons::YesNo}));
+  EXPECT_FALSE(LoadTradeFile(grid, Write(kTrades), "S"));
+  EXPECT_EQ(platform.TakeMessage().title, "Confirm Loading");
   EXPECT_EQ(RowsOf(grid), rows);
-}
-
-TEST_F(TradeFileTest, NothingToTakeLeavesNoDataRow) {
-  LoadTradeFile(grid, Write("0|ALPHAM|2|B|200|5|C1|7|8|9|03-01-2010\r\n"), "S");
-  EXPECT_EQ(grid.Rows(), 1);
-  LoadTradeFile(grid, Write(""), "S");
-  EXPECT_EQ(grid.Rows(), 1);
+  ClearEntryGrid(grid);
+  for (const char* const text : {"0|ALPHAM|2|B|200|5|C1|7|8|9|03-01-2010\r\n", ""}) {
+    EXPECT_TRUE(LoadTradeFile(grid, Write(text), "S"));
+    EXPECT_EQ(grid.Rows(), 1);
+  }
 }
 
 TEST_F(TradeFileTest, ABadLineEndsTheImportAndTheRowsBeforeItStay) {
@@ -135,10 +132,6 @@ TEST_F(TradeFileTest, ABadLineEndsTheImportAndTheRowsBeforeItStay) {
     }
     EXPECT_EQ(ColumnOf(grid, EntryColumn::kQuantity), each.quantities);
   }
-}
-
-TEST_F(TradeFileTest, AMissingFileIsAnError) {
-  EXPECT_THROW(LoadTradeFile(grid, folder.Path() + "none.txt", "S"), RuntimeError);
 }
 
 }  // namespace
