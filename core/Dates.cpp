@@ -46,17 +46,18 @@ std::optional<Part> ReadMonthName(std::string_view word) {
 }
 
 std::optional<Part> ReadPart(std::string_view& text) {
-  const auto isDigit = std::find_if_not(text.begin(), text.end(), IsDigit);
-  if (isDigit != text.begin()) {
-    const auto length = static_cast<std::size_t>(isDigit - text.begin());
+  const auto lengthOf = [&text](bool (*isOne)(char)) {
+    return static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), isOne) -
+                                    text.begin());
+  };
+  if (const std::size_t length = lengthOf(IsDigit); length > 0) {
     if (length > 4) return std::nullopt;
     Part part{0, length};
     std::from_chars(text.data(), text.data() + length, part.value);
     text.remove_prefix(length);
     return part;
   }
-  const auto length =
-      static_cast<std::size_t>(std::find_if_not(text.begin(), text.end(), IsLetter) - text.begin());
+  const std::size_t length = lengthOf(IsLetter);
   const auto month = ReadMonthName(text.substr(0, length));
   text.remove_prefix(length);
   return month;
@@ -114,7 +115,7 @@ std::optional<Date> DateFrom(int year, const Part& month, const Part& day) {
 // where that makes no sense.
 std::optional<Date> DateInEitherOrder(int year, const Part& month, const Part& day) {
   if (const auto date = DateFrom(year, month, day)) return date;
-  return DateFrom(year, day, month);
+  return DateFrom(year, day, month);  // NOLINT(readability-suspicious-call-argument)
 }
 
 int ThisYear() { return ThePlatform().Now().year; }
@@ -135,10 +136,10 @@ std::optional<Date> ReadDateWith(std::string_view text, CurrentYear currentYear)
 
 void AppendNumber(std::string& out, int value, int digits) {
   std::array<char, 12> text;
-  const auto end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
-  const auto length = static_cast<int>(end - text.data());
-  out.append(static_cast<std::size_t>(std::max(digits - length, 0)), '0');
-  out.append(text.data(), end);
+  const char* const end = std::to_chars(text.data(), text.data() + text.size(), value).ptr;
+  const std::string_view written(text.data(), static_cast<std::size_t>(end - text.data()));
+  out.append(static_cast<std::size_t>(std::max(digits - static_cast<int>(written.size()), 0)), '0');
+  out += written;
 }
 
 std::string Joined(std::initializer_list<std::pair<int, int>> numbers, char separator) {

@@ -48,9 +48,9 @@ struct RecordList::State {
 };
 
 void RecordList::State::Append(std::string_view line, std::size_t fields) {
-  const std::size_t wanted = line.find('~') == std::string_view::npos ? 1 : fields;
+  const std::size_t wanted = line.find(kCellSeparator) == std::string_view::npos ? 1 : fields;
   for (std::size_t field = 1; field <= wanted; ++field) {
-    const std::size_t length = std::min(line.find('~'), line.size());
+    const std::size_t length = std::min(line.find(kCellSeparator), line.size());
     places.push_back({static_cast<std::uint32_t>(line.data() - text.data()),
                       static_cast<std::uint32_t>(length)});
     if (field == wanted) break;

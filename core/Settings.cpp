@@ -129,8 +129,9 @@ bool ValidateNumericField(std::string_view value, int digits, const std::string&
   }
   for (const char sign : {'-', '+', '.'}) {
     if (value.find(sign) == std::string_view::npos) continue;
-    return refuse("Invalid character in " + caption + ": '" + sign + "'." + "\r\nEnter the " +
-                  count + "-digit numeric " + caption + ".");
+    std::string text = "Invalid character in " + caption + ": '";
+    text.append(1, sign).append("'.\r\nEnter the ").append(count);
+    return refuse(text.append("-digit numeric ").append(caption).append("."));
   }
   return true;
 }

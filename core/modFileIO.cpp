@@ -191,6 +191,7 @@ std::vector<std::string> ListFiles(const std::string& pattern) {
   }
   std::sort(matches.begin(), matches.end());
   std::vector<std::string> names;
+  names.reserve(matches.size());
   for (auto& match : matches) names.push_back(std::move(match.second));
   if (names.empty()) names.emplace_back();
   return names;

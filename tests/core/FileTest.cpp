@@ -211,6 +211,7 @@ class GridFileTest : public FileTest {
 
   std::vector<std::string> Row(int row) const {
     std::vector<std::string> cells;
+    cells.reserve(static_cast<std::size_t>(grid.Cols()));
     for (int col = 0; col < grid.Cols(); ++col) cells.push_back(grid.Text(row, col));
     return cells;
   }
