@@ -1,5 +1,5 @@
-# Read by ctest, not by the configuration. Takes program, emulator, prefix and properties; see
-# TestSuites.cmake.
+# Read by ctest, not by the configuration. Takes program, emulator, runner, prefix and
+# properties; see TestSuites.cmake.
 if(NOT EXISTS "${program}")
   add_test(${prefix}.NOT_BUILT "${program}")
   return()
@@ -20,6 +20,6 @@ endif()
 file(STRINGS "${list}" suites REGEX "^[A-Za-z0-9_/]+\\.")
 foreach(suite IN LISTS suites)
   string(REGEX REPLACE "^([A-Za-z0-9_/]+)\\..*" "\\1" suite "${suite}")
-  add_test(${prefix}.${suite} ${emulator} "${program}" "--gtest_filter=${suite}.*")
+  add_test(${prefix}.${suite} ${runner} "${program}" "--gtest_filter=${suite}.*")
   set_tests_properties(${prefix}.${suite} PROPERTIES TIMEOUT 300 ${properties})
 endforeach()

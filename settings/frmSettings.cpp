@@ -6,22 +6,12 @@
 #include "core/Conversion.h"
 #include "core/Platform.h"
 #include "settings/SettingsEntry.h"
+#include "settings/frmSettingsIds.h"
 
 namespace tallyrun {
 namespace {
 
-enum ControlId {
-  kLblBrokerID = 101,
-  kTxtBrokerID,
-  kLblClearingBOID,
-  kTxtClearingBOID,
-  kLblDefaultBOIDFormat,
-  kTxtDefaultBOIDFormat,
-  kLblBackupPath,
-  kTxtBackupPath,
-  kBtnSetBackupLocation,
-  kBtnSave,
-};
+using namespace frmSettingsIds;
 
 // Room for a usual folder's path, at 96 DPI.
 constexpr int kBoxWidth = 320;
