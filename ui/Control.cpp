@@ -15,6 +15,13 @@ bool KeyIsDown(int key) { return GetKeyState(key) < 0; }
 
 Control* focused = nullptr;
 
+// The window that has the keyboard, or the one a calendar or menu dropped down from.
+HWND ActiveFormWindow() {
+  const HWND active = GetActiveWindow();
+  if (active == nullptr || Form::FromHandle(active) != nullptr) return active;
+  return GetWindow(active, GW_OWNER);
+}
+
 }  // namespace
 
 KeyEvent KeyEventFrom(WPARAM key) {
@@ -38,7 +45,10 @@ void Forget(const Control& control) {
 }  // namespace focus
 
 Control::~Control() {
-  if (window_ != nullptr) DestroyWindow(window_);
+  if (window_ == nullptr) return;
+  // Its form is being destroyed while loaded, and the handlers' owner with it.
+  form_->Abandon();
+  DestroyWindow(window_);
 }
 
 void Control::CreateControl(ControlParent& parent, const char* windowClass, const std::string& text,
@@ -151,7 +161,7 @@ void Control::SetVisible(bool visible) {
 void Control::SetFocus() {
   if (window_ == nullptr || !Visible() || !Enabled()) return;
   // Giving a window the focus would bring its form to the front, over another program.
-  if (GetActiveWindow() == form_->Handle()) {
+  if (ActiveFormWindow() == form_->Handle()) {
     ::SetFocus(window_);
   } else {
     form_->NoteFocus(*this);

@@ -1,7 +1,6 @@
 #include "ui/DatePicker.h"
 
-#include <algorithm>
-#include <cctype>
+#include <utility>
 
 #include "ui/EnglishMonths.h"
 
@@ -57,6 +56,27 @@ void DatePicker::SetValue(const Date& date) {
   RenewMonthText();
 }
 
+LRESULT DatePicker::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
+  const LRESULT answer = Control::OnMessage(message, wParam, lParam);
+  const auto character = static_cast<char>(wParam);
+  if (message == WM_CHAR && IsCharAlphaA(character)) GoToMonth(character);
+  // By its first picture the picker has asked for the month, or it never will: Wine's does not
+  // know callback fields. The month is then a fixed text that is renewed with every date.
+  if (message == WM_PAINT && month_ == MonthField::Unknown) {
+    month_ = MonthField::FixedText;
+    RenewMonthText();
+  }
+  return answer;
+}
+
+void DatePicker::GoToMonth(char letter) {
+  const auto value = Value();
+  if (!value) return;
+  SYSTEMTIME time = SystemTimeOf(MonthBeginningWith(letter, *value));
+  SendMessageA(Handle(), DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&time));
+  NoteChange();
+}
+
 LRESULT DatePicker::OnNotify(NMHDR& notification) {
   switch (notification.code) {
     case DTN_DATETIMECHANGE:
@@ -95,17 +115,6 @@ void DatePicker::NoteChange() {
   told_ = value;
   RenewMonthText();
   Change.Raise();
-}
-
-// By its first picture the picker has asked for the month, or it never will: Wine's does not
-// know callback fields. The month is then a fixed text that is renewed with every date.
-LRESULT DatePicker::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
-  const LRESULT result = Control::OnMessage(message, wParam, lParam);
-  if (message == WM_PAINT && month_ == MonthField::Unknown) {
-    month_ = MonthField::FixedText;
-    RenewMonthText();
-  }
-  return result;
 }
 
 void DatePicker::RenewMonthText() {

@@ -1,4 +1,5 @@
-// A date picker that shows "05-Jan-2010" with the English month, whatever the locale.
+// A date picker that shows "05-Jan-2010" with the English month, whatever the locale. A letter
+// typed in it goes to the next month that begins with it.
 #pragma once
 
 #include <optional>
@@ -28,6 +29,7 @@ class DatePicker : public Control {
   // How the English month gets on screen: the picker asks for it, or it is part of the format.
   enum class MonthField { Unknown, Asked, FixedText };
 
+  void GoToMonth(char letter);
   void NoteChange();
   void RenewMonthText();
 

@@ -13,23 +13,23 @@ constexpr int kMonths = 12;
 constexpr std::array<std::string_view, kMonths> kNames = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                                           "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
 
+// Of the letters that month names begin with.
+char ToUpper(char letter) {
+  return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : letter;
+}
+
 int NextMonth(int month) { return month % kMonths + 1; }
 int FormerMonth(int month) { return (month + kMonths - 2) % kMonths + 1; }
-
-int MonthBeginningWith(char letter, int after) {
-  int month = after;
-  for (int step = 0; step < kMonths; ++step) {
-    month = NextMonth(month);
-    if (EnglishMonth(month).front() == letter) return month;
-  }
-  return after;
-}
 
 int LastDayOf(int year, int month) {
   using namespace std::chrono;
   const year_month_day_last last{std::chrono::year{year},
                                  month_day_last{std::chrono::month{static_cast<unsigned>(month)}}};
   return static_cast<int>(static_cast<unsigned>(last.day()));
+}
+
+Date InMonth(const Date& date, int month) {
+  return {date.year, month, std::min(date.day, LastDayOf(date.year, month))};
 }
 
 }  // namespace
@@ -52,31 +52,28 @@ SIZE WidestMonth(HFONT font) {
 }
 
 Date MonthAfterKey(const Date& date, int key) {
-  Date moved = date;
   switch (key) {
     case VK_UP:
     case VK_ADD:
-      moved.month = NextMonth(date.month);
-      break;
+      return InMonth(date, NextMonth(date.month));
     case VK_DOWN:
     case VK_SUBTRACT:
-      moved.month = FormerMonth(date.month);
-      break;
+      return InMonth(date, FormerMonth(date.month));
     case VK_HOME:
-      moved.month = 1;
-      break;
+      return InMonth(date, 1);
     case VK_END:
-      moved.month = kMonths;
-      break;
+      return InMonth(date, kMonths);
     default:
-      // Letter keys have their capital's code.
-      if (key >= 'A' && key <= 'Z') {
-        moved.month = MonthBeginningWith(static_cast<char>(key), date.month);
-      }
-      break;
+      return date;
   }
-  moved.day = std::min(moved.day, LastDayOf(moved.year, moved.month));
-  return moved;
+}
+
+Date MonthBeginningWith(char letter, const Date& date) {
+  const char capital = ToUpper(letter);
+  for (int month = NextMonth(date.month); month != date.month; month = NextMonth(month)) {
+    if (EnglishMonth(month).front() == capital) return InMonth(date, month);
+  }
+  return date;
 }
 
 }  // namespace tallyrun

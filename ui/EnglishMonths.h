@@ -16,8 +16,10 @@ std::string_view EnglishMonth(int month);
 SIZE WidestMonth(HFONT font);
 
 // `date` after the virtual key `key` in the month field: up and down step round the year, Home
-// and End go to its ends, a letter goes to the next month that begins with it. The day stays
-// within the month.
+// and End go to its ends. The day stays within the month.
 Date MonthAfterKey(const Date& date, int key);
+
+// `date` in the next month that begins with `letter`, in either case; the same when none does.
+Date MonthBeginningWith(char letter, const Date& date);
 
 }  // namespace tallyrun

@@ -158,6 +158,12 @@ void Form::RefreshFonts() {
   toolTips_.ApplyFont(Font());
 }
 
+SIZE Form::ClientSize() const {
+  RECT client = {};
+  GetClientRect(window_, &client);
+  return {client.right, client.bottom};
+}
+
 void Form::Relayout() {
   if (window_ == nullptr || IsIconic(window_)) return;
   LayoutArea area(*this);
@@ -237,6 +243,7 @@ void Form::PlaceOnScreen(HWND owner) {
   SetWindowPos(window_, nullptr, static_cast<int>(x), static_cast<int>(y), static_cast<int>(width),
                static_cast<int>(height), SWP_NOZORDER | SWP_NOACTIVATE);
   Relayout();
+  clientSize_ = ClientSize();
 }
 
 }  // namespace tallyrun

@@ -85,7 +85,8 @@ class Form : public BusyWindow, public ControlParent {
   void Disown(Control& control);
   void ShowToolTip(const Control& control);
   void NoteFocus(const Control& control) { lastFocus_ = control.Handle(); }
-  bool HoldPointer() const;  // true when the form sets the pointer itself
+  void Abandon() { unloading_ = true; }  // a control's object goes before its window did
+  bool HoldPointer() const;              // true when the form sets the pointer itself
   const std::vector<Control*>& Controls() const { return controls_; }
 
  protected:
@@ -128,6 +129,7 @@ class Form : public BusyWindow, public ControlParent {
   void RegisterWindowClass() const;
   void CreateFormWindow(HWND owner);
   void PlaceOnScreen(HWND owner);
+  SIZE ClientSize() const;
   void UnloadNow();
   void WindowGone();
   void EndModal();

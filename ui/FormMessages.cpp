@@ -98,7 +98,8 @@ LRESULT Form::OnActivate(WPARAM wParam, LPARAM lParam) {
 }
 
 void Form::RestoreFocus() {
-  if (loading_) return;
+  // Controls that come or go are no place for it.
+  if (loading_ || unloading_) return;
   HWND target = lastFocus_;
   if (target == nullptr || !IsWindowVisible(target) || !IsWindowEnabled(target)) {
     target = GetNextDlgTabItem(window_, nullptr, FALSE);
@@ -121,10 +122,9 @@ void Form::RepairFocus() {
 
 void Form::OnSize(WPARAM wParam) {
   if (loading_ || wParam == SIZE_MINIMIZED) return;
-  RECT client = {};
-  GetClientRect(window_, &client);
-  if (client.right == clientSize_.cx && client.bottom == clientSize_.cy) return;
-  clientSize_ = {client.right, client.bottom};
+  const SIZE size = ClientSize();
+  if (size.cx == clientSize_.cx && size.cy == clientSize_.cy) return;
+  clientSize_ = size;
   Relayout();
   RunHandler([this] { Form_Resize(); });
 }

@@ -1,37 +1,244 @@
 // A form's life: dispatch inside the trap, closing while a handler runs, modal forms.
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 #include "core/RuntimeError.h"
+#include "tests/support/FormDriver.h"
 #include "tests/support/RecordingPlatform.h"
-#include "ui/Controls.h"
+#include "tests/ui/TryForm.h"
 #include "ui/Form.h"
 #include "ui/MessageLoop.h"
 
 namespace tallyrun::testing {
 namespace {
 
-class SmallForm : public Form {
- public:
-  SmallForm() : Form("frmSmall", {.width = 300, .height = 200}) {
-    On(btnFail.Click, &SmallForm::btnFail_Click);
-  }
-  Button btnFail;
+using ::testing::ElementsAre;
+using ::testing::IsEmpty;
 
+class FormTest : public ::testing::Test {
  protected:
-  void CreateControls() override { btnFail.Create(*this, 1, "Fail"); }
-  void Layout(LayoutArea& area) override { area.Place(btnFail, {10, 10, 75, 23}); }
+  FormTest() {
+    platform.onPendingEvents = [] { PumpMessages(); };
+  }
 
- private:
-  void btnFail_Click() { throw RuntimeError(ErrorKind::DiskFull); }
+  RecordingPlatform platform;
 };
 
-TEST(FormTest, AnErrorInAHandlerShowsItsDescriptionAndTheFormLives) {
-  RecordingPlatform platform;
-  SmallForm form;
+TEST_F(FormTest, AnErrorEndsItsHandlerAloneAndIsShown) {
+  TryForm form;
+  bool handlerWentOn = false;
+  form.onClick = [&] {
+    // A handler inside a handler has a trap of its own.
+    form.optFirst.SetValue(true);
+    handlerWentOn = true;
+    throw std::bad_alloc();
+  };
+  form.onLoad = [] { throw RuntimeError(ErrorKind::TypeMismatch); };
   form.Show();
-  SendMessageA(form.btnFail.Handle(), BM_CLICK, 0, 0);
-  EXPECT_EQ(platform.TakeMessage(), (Message{"Disk full"}));
-  EXPECT_TRUE(form.IsLoaded());
+  EXPECT_EQ(platform.TakeMessage(), (Message{"Type mismatch"}));
+  EXPECT_TRUE(IsWindowVisible(form.Handle()));
+  ClickOn(form.button);
+  EXPECT_EQ(platform.TakeMessage(), (Message{"Out of memory"}));
+  EXPECT_TRUE(handlerWentOn);
+}
+
+TEST_F(FormTest, IsLoadedAnewAfterItWasUnloaded) {
+  TryForm form;
+  int loads = 0;
+  int unloads = 0;
+  form.onLoad = [&] { ++loads; };
+  form.onUnload = [&] { ++unloads; };
+  for (int round = 1; round <= 2; ++round) {
+    form.Show();
+    form.Load();
+    form.editor.SetText("text");
+    EXPECT_EQ(form.editor.Text(), "text");
+    form.Unload();
+    form.Unload();
+    EXPECT_FALSE(form.IsLoaded());
+    // A control without its window is empty and takes nothing amiss.
+    form.editor.SetText("lost");
+    form.combo.AddItem("lost");
+    form.optFirst.SetValue(true);
+    EXPECT_EQ(form.editor.Text(), "");
+    EXPECT_EQ(form.combo.ListCount(), 0);
+    EXPECT_EQ(loads, round);
+    EXPECT_EQ(unloads, round);
+  }
+}
+
+TEST_F(FormTest, ClosedInItsOwnHandlerItIsHiddenAndGoesAfterTheHandler) {
+  TryForm main("frmTryMain", true);
+  main.Show();
+  TryForm form;
+  bool hiddenAtOnce = false;
+  bool stillThere = false;
+  form.onClick = [&] {
+    PostMessageA(form.Handle(), WM_CLOSE, 0, 0);
+    ThePlatform().ProcessPendingEvents();
+    hiddenAtOnce = !IsWindowVisible(form.Handle());
+    form.editor.SetText("outcome");
+    stillThere = form.editor.Text() == "outcome";
+    Tell("done", "title", MessageIcon::Information);
+  };
+  form.Show();
+  ClickOn(form.button);
+  EXPECT_TRUE(hiddenAtOnce);
+  EXPECT_TRUE(stillThere);
+  EXPECT_EQ(platform.TakeMessage().text, "done");
+  EXPECT_FALSE(form.IsLoaded());
+  EXPECT_TRUE(main.IsLoaded());
+}
+
+TEST_F(FormTest, TheMainFormClosedWhileAHandlerWaitsEndsTheProgram) {
+  TryForm main("frmTryMain", true);
+  TryForm other;
+  main.onUnload = [&] { other.Unload(); };
+  // Whichever form waits, nothing of its handler runs after the wait.
+  for (TryForm* const waiting : {&main, &other}) {
+    bool handlerWentOn = false;
+    waiting->onClick = [&] {
+      PostMessageA(main.Handle(), WM_CLOSE, 0, 0);
+      ThePlatform().ProcessPendingEvents();
+      handlerWentOn = true;
+    };
+    main.Show();
+    other.Show();
+    ClickOn(waiting->button);
+    EXPECT_FALSE(handlerWentOn);
+    EXPECT_FALSE(main.IsLoaded());
+    EXPECT_TRUE(Form::ProgramIsEnding());
+    Pump();
+    EXPECT_FALSE(other.IsLoaded() && IsWindowVisible(other.Handle()));
+    EXPECT_THAT(platform.messages, IsEmpty());
+    other.Unload();
+  }
+}
+
+TEST_F(FormTest, AModalFormDisablesTheOthersUntilItIsClosed) {
+  TryForm owner("frmTryOwner");
+  TryForm bystander("frmTryBystander");
+  TryForm modal("frmTryModal");
+  std::vector<std::string> log;
+  owner.onClick = [&] {
+    log.push_back("before");
+    modal.ShowModal(&owner);
+    log.push_back("after");
+  };
+  modal.onLoad = [&] { PostMessageA(modal.button.Handle(), BM_CLICK, 0, 0); };
+  modal.onClick = [&] {
+    log.push_back(IsWindowEnabled(owner.Handle()) ? "owner enabled" : "owner disabled");
+    log.push_back(IsWindowEnabled(bystander.Handle()) ? "other enabled" : "other disabled");
+    // Whatever asks a form beneath to close is put off.
+    SendMessageA(owner.Handle(), WM_CLOSE, 0, 0);
+    modal.Unload();
+  };
+  owner.Show();
+  bystander.Show();
+  ClickOn(owner.button);
+  EXPECT_THAT(log, ElementsAre("before", "owner disabled", "other disabled", "after"));
+  EXPECT_TRUE(owner.IsLoaded());
+  EXPECT_TRUE(IsWindowEnabled(owner.Handle()));
+  EXPECT_TRUE(IsWindowEnabled(bystander.Handle()));
+  EXPECT_EQ(GetActiveWindow(), owner.Handle());
+}
+
+TEST_F(FormTest, ResizeIsRaisedForARealChangeOfSizeOnly) {
+  TryForm form;
+  form.Show();
+  EXPECT_THAT(form.resizedTo, IsEmpty());
+  RECT window = {};
+  GetWindowRect(form.Handle(), &window);
+  MoveWindow(form.Handle(), window.left + 10, window.top + 10, window.right - window.left,
+             window.bottom - window.top, TRUE);
+  SendMessageA(form.Handle(), WM_SIZE, SIZE_MINIMIZED, 0);
+  EXPECT_THAT(form.resizedTo, IsEmpty());
+  MoveWindow(form.Handle(), window.left, window.top, window.right - window.left + 50,
+             window.bottom - window.top, TRUE);
+  ASSERT_EQ(form.resizedTo.size(), 1u);
+  // The layout has followed by the time the handler runs.
+  const int edge = form.Scale(spacing::kEdge);
+  EXPECT_EQ(form.button.Bounds().width, form.resizedTo[0].cx - 2 * edge);
+}
+
+TEST_F(FormTest, NeverBecomesSmallerThanItsLayoutNeeds) {
+  TryForm form;
+  form.Show();
+  MoveWindow(form.Handle(), 0, 0, 10, 10, TRUE);
+  RECT client = {};
+  GetClientRect(form.Handle(), &client);
+  EXPECT_GE(client.right, form.Scale(200));
+  const PixelRect last = form.date.Bounds();
+  EXPECT_LE(last.y + last.height, client.bottom);
+}
+
+TEST_F(FormTest, AnotherDpiScalesFontAndLayout) {
+  TryForm form;
+  form.Show();
+  const TextMeasurer before = form.Measurer();
+  const int heightBefore = form.button.Bounds().height;
+  const int dpi = form.Dpi() * 2;
+  const RECT suggested = {20, 30, 1020, 930};
+  SendMessageA(form.Handle(), WM_DPICHANGED, static_cast<WPARAM>(MAKELONG(dpi, dpi)),
+               reinterpret_cast<LPARAM>(&suggested));
+  EXPECT_EQ(form.Dpi(), dpi);
+  EXPECT_EQ(form.Scale(10), 10 * dpi / 96);
+  EXPECT_GT(form.button.Bounds().height, heightBefore * 3 / 2);
+  RECT window = {};
+  GetWindowRect(form.Handle(), &window);
+  EXPECT_EQ(window.left, suggested.left);
+  EXPECT_EQ(window.right, suggested.right);
+  // A control draws with the form's new font, and a text stays as wide on paper, but for hinting.
+  EXPECT_EQ(reinterpret_cast<HFONT>(SendMessageA(form.button.Handle(), WM_GETFONT, 0, 0)),
+            form.Font());
+  const int former = before.WidthOf("Quantity 1234567890");
+  EXPECT_NEAR(form.Measurer().WidthOf("Quantity 1234567890"), former, former / 5);
+}
+
+TEST_F(FormTest, TheHourglassHoldsOverEveryControl) {
+  TryForm form;
+  form.Show();
+  const HCURSOR hourglass = LoadCursorA(nullptr, IDC_WAIT);
+  const auto pointerOver = [](const Control& control) {
+    SetCursor(LoadCursorA(nullptr, IDC_CROSS));
+    SendMessageA(control.Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(control.Handle()),
+                 MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+    return GetCursor();
+  };
+  form.SetPointer(PointerShape::Hourglass);
+  for (const Control* control : form.Controls()) EXPECT_EQ(pointerOver(*control), hourglass);
+  form.SetPointer(PointerShape::Normal);
+  for (const Control* control : form.Controls()) EXPECT_NE(pointerOver(*control), hourglass);
+}
+
+TEST_F(FormTest, EnableControlsReachesTheControlsInAFrame) {
+  class FrameForm : public Form {
+   public:
+    FrameForm() : Form("frmTryFrame") {}
+    Frame frame;
+    Button inner;
+    int clicks = 0;
+
+   protected:
+    void CreateControls() override {
+      frame.Create(*this, 1);
+      inner.Create(frame, 2, "Inner");
+      inner.Click.Set([this] { ++clicks; });
+    }
+    void Layout(LayoutArea& area) override {
+      area.Place(frame, {10, 20, 300, 200});
+      area.Place(inner, {30, 40, 100, 25});
+    }
+  };
+  FrameForm form;
+  form.Show();
+  EXPECT_EQ(form.inner.Bounds(), (PixelRect{30, 40, 100, 25}));
+  ClickOn(form.inner);
+  EXPECT_EQ(form.clicks, 1);
+  form.EnableControls(false);
+  EXPECT_FALSE(form.inner.Enabled());
+  EXPECT_FALSE(form.frame.Enabled());
+  form.EnableControls(true);
+  EXPECT_TRUE(form.inner.Enabled());
 }
 
 }  // namespace

@@ -1,0 +1,76 @@
+// A form with one control of most kinds, whose handlers a test sets as it likes.
+#pragma once
+
+#include <functional>
+#include <string>
+#include <vector>
+
+#include "ui/Controls.h"
+#include "ui/Form.h"
+
+namespace tallyrun::testing {
+
+class TryForm : public Form {
+ public:
+  explicit TryForm(const char* name = "frmTry", bool endsProgram = false)
+      : Form(name, {.width = 400, .height = 300, .endsProgram = endsProgram}) {
+    On(button.Click, &TryForm::button_Click);
+  }
+
+  TextBox editor;  // made first: lies over the others and comes first by Tab
+  Button button;
+  OptionButton optFirst;
+  OptionButton optSecond;
+  CheckBox check;
+  ComboBox combo;
+  ListBox list;
+  DatePicker date;
+
+  std::function<void()> onLoad = [] {};
+  std::function<void()> onUnload = [] {};
+  std::function<void()> onClick = [] {};
+  std::vector<SIZE> resizedTo;
+
+  // Appends "name" to `log` whenever `event` is raised.
+  static void Log(Event<>& event, std::vector<std::string>& log, const std::string& name) {
+    event.Set([&log, name] { log.push_back(name); });
+  }
+
+ protected:
+  void CreateControls() override {
+    editor.Create(*this, 1);
+    button.Create(*this, 2, "Button", "Tip of the button");
+    optFirst.Create(*this, 3, "First");
+    optSecond.Create(*this, 4, "Second");
+    check.Create(*this, 5, "Check");
+    combo.Create(*this, 6);
+    list.Create(*this, 7);
+    date.Create(*this, 8);
+  }
+
+  void Layout(LayoutArea& area) override {
+    const int edge = area.Scale(spacing::kEdge);
+    const int row = area.BoxHeight();
+    const int width = area.Width() - 2 * edge;
+    int y = edge;
+    for (Control* control : Controls()) {
+      const int height = control == &list ? area.Scale(60) : row;
+      area.Place(*control, {edge, y, width, height});
+      y += height;
+    }
+    area.SetMinimum(area.Scale(200), y + edge);
+  }
+
+  void Form_Load() override { onLoad(); }
+  void Form_Unload() override { onUnload(); }
+  void Form_Resize() override {
+    RECT client = {};
+    GetClientRect(Handle(), &client);
+    resizedTo.push_back({client.right, client.bottom});
+  }
+
+ private:
+  void button_Click() { onClick(); }
+};
+
+}  // namespace tallyrun::testing
