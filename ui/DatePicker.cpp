@@ -30,8 +30,8 @@ Date DateOf(const SYSTEMTIME& time) { return {time.wYear, time.wMonth, time.wDay
 void DatePicker::Create(ControlParent& parent, int id, const std::string& toolTip) {
   CreateControl(parent, DATETIMEPICK_CLASSA, "",
                 WS_VISIBLE | WS_TABSTOP | WS_GROUP | DTS_SHORTDATEFORMAT, 0, id);
-  SendMessageA(Handle(), DTM_SETFORMATA, 0, reinterpret_cast<LPARAM>(kFormat));
   month_ = MonthField::Unknown;
+  SendMessageA(Handle(), DTM_SETFORMATA, 0, reinterpret_cast<LPARAM>(kFormat));
   told_ = Value();
   SetToolTip(toolTip);
 }
