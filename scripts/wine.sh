@@ -24,6 +24,9 @@ if [[ ! -e $WINEPREFIX/ready ]]; then
       # Smooth letters, as Windows has them.
       wine reg add 'HKCU\Control Panel\Desktop' /f /v FontSmoothing /d 2
       wine reg add 'HKCU\Control Panel\Desktop' /f /v FontSmoothingType /t REG_DWORD /d 1
+      # The tests' windows wait for no window manager, of which their screen has none.
+      wine reg add 'HKCU\Software\Wine\AppDefaults\windows_tests.exe\X11 Driver' /f \
+        /v Managed /d N
       # The programs to come find no server that was started without a screen.
       wineserver --wait
     ) >"$WINEPREFIX/init.log" 2>&1 9>&- || { cat "$WINEPREFIX/init.log" >&2; exit 1; }

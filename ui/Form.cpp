@@ -211,7 +211,10 @@ void Form::CreateFormWindow(HWND owner) {
   RegisterWindowClass();
   DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
   if (options_.sizable) style |= WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
-  CreateWindowExA(WS_EX_CONTROLPARENT, name_, caption_.c_str(), style, CW_USEDEFAULT, CW_USEDEFAULT,
+  // A form of fixed size is a dialog: no icon, and nothing to make it smaller or larger with.
+  const DWORD extendedStyle =
+      WS_EX_CONTROLPARENT | (options_.sizable ? 0u : static_cast<DWORD>(WS_EX_DLGMODALFRAME));
+  CreateWindowExA(extendedStyle, name_, caption_.c_str(), style, CW_USEDEFAULT, CW_USEDEFAULT,
                   CW_USEDEFAULT, CW_USEDEFAULT, owner, nullptr, GetModuleHandleA(nullptr), this);
   if (window_ == nullptr) throw RuntimeError(ErrorKind::OutOfMemory);
   dpi_ = DpiOf(window_);

@@ -11,6 +11,14 @@
 
 namespace tallyrun {
 
+namespace {
+
+bool CanTakeFocus(HWND window) {
+  return window != nullptr && IsWindowVisible(window) && IsWindowEnabled(window);
+}
+
+}  // namespace
+
 LRESULT CALLBACK Form::WindowProc(HWND window, UINT message, WPARAM wParam,
                                   LPARAM lParam) noexcept {
   if (message == WM_NCCREATE) {
@@ -100,11 +108,17 @@ LRESULT Form::OnActivate(WPARAM wParam, LPARAM lParam) {
 void Form::RestoreFocus() {
   // Controls that come or go are no place for it.
   if (loading_ || unloading_) return;
-  HWND target = lastFocus_;
-  if (target == nullptr || !IsWindowVisible(target) || !IsWindowEnabled(target)) {
-    target = GetNextDlgTabItem(window_, nullptr, FALSE);
+  if (CanTakeFocus(lastFocus_)) {
+    ::SetFocus(lastFocus_);
+    return;
   }
-  if (target != nullptr && IsWindowVisible(target) && IsWindowEnabled(target)) ::SetFocus(target);
+  const HWND first = GetNextDlgTabItem(window_, nullptr, FALSE);
+  if (!CanTakeFocus(first)) return;
+  ::SetFocus(first);
+  // As arriving by Tab does: typing replaces what the box held.
+  if (SendMessageA(first, WM_GETDLGCODE, 0, 0) & DLGC_HASSETSEL) {
+    SendMessageA(first, EM_SETSEL, 0, -1);
+  }
 }
 
 // After a handler that hid or disabled the control with the focus, the keyboard would be dead.
@@ -113,10 +127,9 @@ void Form::RepairFocus() {
   const HWND focusedWindow = GetFocus();
   if (focusedWindow == nullptr || focusedWindow == window_) {
     RestoreFocus();
-  } else if (IsChild(window_, focusedWindow) &&
-             (!IsWindowVisible(focusedWindow) || !IsWindowEnabled(focusedWindow))) {
+  } else if (IsChild(window_, focusedWindow) && !CanTakeFocus(focusedWindow)) {
     const HWND next = GetNextDlgTabItem(window_, focusedWindow, FALSE);
-    if (next != nullptr && IsWindowEnabled(next)) ::SetFocus(next);
+    if (CanTakeFocus(next)) ::SetFocus(next);
   }
 }
 

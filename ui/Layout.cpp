@@ -6,6 +6,12 @@
 #include "ui/Form.h"
 
 namespace tallyrun {
+namespace {
+
+// Borders and room above and below a line, at 96 DPI: 23 pixels with the usual message font.
+constexpr int kRoomAroundLine = 8;
+
+}  // namespace
 
 LayoutArea::LayoutArea(Form& form) : form_(form) {
   RECT client = {};
@@ -26,7 +32,7 @@ int LayoutArea::TextWidth(const std::string& text) const {
 }
 
 int LayoutArea::LineHeight() const { return LineHeightOf(form_.Font()); }
-int LayoutArea::BoxHeight() const { return std::max(Scale(23), LineHeight() + Scale(8)); }
+int LayoutArea::BoxHeight() const { return LineHeight() + Scale(kRoomAroundLine); }
 int LayoutArea::ButtonHeight() const { return BoxHeight(); }
 int LayoutArea::ButtonWidth(const std::string& text) const {
   return std::max(Scale(75), TextWidth(text) + Scale(20));

@@ -92,6 +92,15 @@ TEST_F(FocusTest, AnotherFormTakesItAndGivesItBack) {
   EXPECT_THAT(log, ElementsAre("editor got"));
 }
 
+TEST_F(FocusTest, TheFirstBoxIsSelectedWhenItsFormComesUp) {
+  TryForm other("frmTryOther");
+  other.onLoad = [&] { other.editor.SetText("former"); };
+  other.Show();
+  ASSERT_TRUE(PumpUntil([&] { return other.editor.HasFocus(); }));
+  TypeText("7");
+  EXPECT_EQ(other.editor.Text(), "7");
+}
+
 TEST_F(FocusTest, SetWhileAnotherFormIsInFrontItWaitsForTheForm) {
   TryForm other("frmTryOther");
   other.Show();
