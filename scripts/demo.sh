@@ -1,7 +1,8 @@
 #!/bin/bash
-# Works a Pay In day in the real program and leaves in build/demo/ the files it made, a picture of
-# each step and demo.log. Where there is no display, it runs on a screen in memory.
-#   --stay   leave the program open on the sample folder to play with; always so on a display
+# Works a Pay In day and a Pay Out day in the real program, against a practice exchange on this
+# machine. Leaves in build/demo/ the files of program, clerk and exchange, a picture of each step and
+# demo.log. Where there is no display, it runs on a screen in memory.
+#   --stay   leave program and exchange running to practise with; always so on a display
 set -euo pipefail
 cd "$(dirname "$0")/.."
 stay=
@@ -9,27 +10,50 @@ if [[ ${1:-} == --stay || -n ${DISPLAY:-} ]]; then stay=--stay; fi
 
 scripts/setup.sh
 cmake --preset windows >/dev/null
-cmake --build --preset windows --target Tallyrun demo_clerk
+cmake --build --preset windows --target Tallyrun TallyrunPractice ftp demo_clerk
 
 demo=$PWD/build/demo
 rm -rf "$demo"
 mkdir -p "$demo"
-cp -r samples/program samples/work samples/import "$demo"
-cp build/windows/Tallyrun.exe "$demo/program"
+cp -r samples/program samples/work samples/import samples/exchange "$demo"
+# The shipped program, but for the address that it has built in.
+cp build/windows/practice/Tallyrun.exe "$demo/program"
 # The settings are text of the system code page, and Wine has the whole file system as drive Z.
 folder=Z:${demo//\//\\}
 backup_location=$(iconv -t CP1252 <<<"$folder\\work\\")
 settings=$(<samples/program/Tallyrun.ini)
 printf %s "${settings//@BACKUP_LOCATION@/"$backup_location"}" >"$demo/program/Tallyrun.ini"
 
+port=$(sed -n 's/^TALLYRUN_PRACTICE_PORT:STRING=//p' build/windows/CMakeCache.txt)
+/usr/bin/python3 practice/exchange.py "$demo/exchange" --port "$port" --port-file "$demo/port" \
+  >"$demo/exchange.log" 2>&1 &
+exchange_pid=$!
+stop_exchange() {
+  kill $exchange_pid
+  wait $exchange_pid
+}
+ending=(stop_exchange)
+clean_up() {
+  local i
+  for ((i = ${#ending[@]} - 1; i >= 0; --i)); do ${ending[i]} 2>/dev/null || true; done
+}
+trap clean_up EXIT
+while [[ ! -s $demo/port ]]; do
+  if ! kill -0 $exchange_pid 2>/dev/null; then
+    cat "$demo/exchange.log" >&2
+    exit 1
+  fi
+  sleep 0.1
+done
+
 export WINEPREFIX=$PWD/build/wineprefix
+# Wine has no command-line FTP client of its own.
+export WINEPATH="Z:${PWD//\//\\}\\build\\windows\\practice"
 if [[ -z ${DISPLAY:-} ]]; then
   source scripts/screen.sh
   open_screen 1280x800
-  trap 'wineserver --kill || true; close_screen' EXIT
+  ending+=(close_screen "wineserver --kill")
   xsetroot -solid '#4a6478'
-  # Draws the title bars.
-  openbox --sm-disable &>/dev/null &
 fi
 
 say() {
@@ -69,8 +93,8 @@ if ! wait "$clerk_pid"; then
   exit 1
 fi
 
-say "Done: build/demo/ holds the pictures, and work/ the files of the day."
+say "Done: build/demo/ holds the pictures, in work/ the clerk's files and in exchange/ what was sent."
 if [[ -n $stay ]]; then
-  say "Tallyrun stays open on display $DISPLAY; close its window to end."
+  say "Tallyrun stays open on display $DISPLAY, with the exchange; close its window to end."
   wineserver --wait
 fi

@@ -1,6 +1,7 @@
 # To be sourced: a screen in memory for programs that need one.
 
-# open_screen [SIZE]: starts a screen and sets DISPLAY; close_screen ends it.
+# open_screen [SIZE]: starts a screen with a window manager and sets DISPLAY; close_screen ends it.
+# Without a manager windows have no title bars, and Wine waits in vain for one to place them.
 open_screen() {
   local number
   # The server picks a free number and tells it once it takes clients.
@@ -11,6 +12,7 @@ open_screen() {
     return 1
   fi
   export DISPLAY=:$number
+  openbox --sm-disable &>/dev/null &
 }
 
 close_screen() {

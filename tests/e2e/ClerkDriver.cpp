@@ -22,6 +22,17 @@ std::optional<int> FileNameField(const OpenWindow& dialog) {
 
 }  // namespace
 
+OpenWindow WindowOfClass(const std::string& windowClass) {
+  HWND window = nullptr;
+  if (!Holds([&] {
+        window = FindWindowA(windowClass.c_str(), nullptr);
+        return window != nullptr && IsWindowVisible(window);
+      })) {
+    throw DriverError("No window of the class " + windowClass);
+  }
+  return OpenWindow(window);
+}
+
 ClerkDriver::ClerkDriver(const std::string& program) {
   const std::string folder = program.substr(0, program.find_last_of('\\'));
   std::string commandLine = "\"" + program + "\"";
@@ -159,19 +170,22 @@ void ClerkDriver::CancelFile(const std::string& dialogTitle) {
   Holds([&] { return !dialog.IsOpen(); });
 }
 
-void ClerkDriver::WaitUntilPainted() const {
+bool ClerkDriver::WaitUntilPainted() const {
+  constexpr int kSeconds = 10;
   const auto painted = [](HWND window) {
     return !IsWindowVisible(window) || !GetUpdateRect(window, nullptr, FALSE);
   };
-  const bool done = Holds([&] {
-    const std::vector<HWND> windows = Windows();
-    return std::count(windows.begin(), windows.end(), GetForegroundWindow()) > 0 &&
-           std::all_of(windows.begin(), windows.end(), [&](HWND window) {
-             const std::vector<HWND> children = ChildrenOf(window);
-             return painted(window) && std::all_of(children.begin(), children.end(), painted);
-           });
-  });
-  if (!done) throw DriverError("Still painting:\n" + DescribeScreen());
+  return Holds(
+      [&] {
+        HWND front = GetForegroundWindow();
+        if (front == nullptr || front == GetDesktopWindow()) return false;
+        const std::vector<HWND> windows = Windows();
+        return std::all_of(windows.begin(), windows.end(), [&](HWND window) {
+          const std::vector<HWND> children = ChildrenOf(window);
+          return painted(window) && std::all_of(children.begin(), children.end(), painted);
+        });
+      },
+      kSeconds);
 }
 
 DWORD ClerkDriver::WaitForEnd() {

@@ -13,6 +13,9 @@
 
 namespace tallyrun::testing {
 
+// A visible window of another program, by its class; waits for it.
+OpenWindow WindowOfClass(const std::string& windowClass);
+
 struct Box {
   std::string title;
   std::string text;
@@ -44,8 +47,9 @@ class ClerkDriver {
   // Closes the open-file dialog with this title without a choice.
   void CancelFile(const std::string& dialogTitle);
 
-  // Waits until one of the program's windows is in front and none has anything left to paint.
-  void WaitUntilPainted() const;
+  // Waits until a window is in front and none of the program's has anything left to paint; false
+  // when that takes too long.
+  bool WaitUntilPainted() const;
 
   // Waits for the program to end; its exit code.
   DWORD WaitForEnd();

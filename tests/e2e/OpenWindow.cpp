@@ -82,15 +82,19 @@ bool OpenWindow::IsChecked(int id) const {
 }
 
 void OpenWindow::ClickInside(HWND control, POINT place, MouseButton button, int times) const {
+  if (GetForegroundWindow() != window_) SetForegroundWindow(window_);
+  POINT onScreen{};
   const bool ready = Holds([&] {
-    return IsWindowVisible(control) && IsWindowEnabled(control) && IsWindowEnabled(window_);
+    onScreen = place;
+    ClientToScreen(control, &onScreen);
+    // Another window may still lie over it.
+    return IsWindowVisible(control) && IsWindowEnabled(control) && IsWindowEnabled(window_) &&
+           GetAncestor(WindowFromPoint(onScreen), GA_ROOT) == window_;
   });
   if (!ready) {
     throw DriverError("Can't click '" + TextOf(control) + "' in:\n" + Describe());
   }
-  if (GetForegroundWindow() != window_) SetForegroundWindow(window_);
-  ClientToScreen(control, &place);
-  testing::ClickAt(place, button, times);
+  testing::ClickAt(onScreen, button, times);
 }
 
 void OpenWindow::Click(int id) const {

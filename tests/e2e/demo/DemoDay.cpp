@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <iostream>
 
+#include "app/frmMainIds.h"
+#include "tests/e2e/Hand.h"
 #include "tests/e2e/Waiting.h"
 
 namespace tallyrun::testing {
@@ -13,6 +15,7 @@ DemoDay::DemoDay(const std::string& folder)
 void DemoDay::Say(const std::string& line) const { std::cout << line << std::endl; }
 
 void DemoDay::TakePicture(const std::string& name) {
+  // An unfinished picture is better than none.
   clerk_.WaitUntilPainted();
   char number[8];
   std::snprintf(number, sizeof number, "%02d-", ++pictures_);
@@ -30,6 +33,30 @@ void DemoDay::Answer(const std::string& pictureName, const std::string& button) 
   TakePicture(pictureName);
   Say("   box \"" + box.title + "\": \"" + box.text + "\" -> " + button);
   clerk_.Answer(button);
+}
+
+void WaitForCaption(DemoDay& day, const std::string& caption) {
+  if (!Holds([&] { return day.Main().Caption() == caption; })) {
+    throw DriverError("The caption is not '" + caption + "' but '" + day.Main().Caption() + "'");
+  }
+}
+
+void EditCurrentRow(DemoDay& day, int column, const std::string& text,
+                    const std::string& pictureName) {
+  const OpenWindow window = day.Main();
+  window.TabTo(frmMainIds::kFlxEntries);
+  PressKey(VK_HOME);
+  PressKeys(VK_RIGHT, column);
+  PressKey(VK_RETURN);
+  if (!Holds([&] { return window.IsVisible(frmMainIds::kTxtEditor); })) {
+    throw DriverError("No editor opens over the cell.");
+  }
+  TypeText(text);
+  day.TakePicture(pictureName);
+  PressKey(VK_RETURN);
+  if (!Holds([&] { return !window.IsVisible(frmMainIds::kTxtEditor); })) {
+    throw DriverError("The editor does not close.");
+  }
 }
 
 }  // namespace tallyrun::testing

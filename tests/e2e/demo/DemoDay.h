@@ -34,12 +34,24 @@ class DemoDay {
   int pictures_ = 0;
 };
 
+// Steps that several days take.
+void WaitForCaption(DemoDay& day, const std::string& caption);
+// Moves along the current row to a column by keyboard, opens the editor, types and confirms.
+void EditCurrentRow(DemoDay& day, int column, const std::string& text,
+                    const std::string& pictureName);
+
+inline constexpr int kQuantityColumn = 11;
+
 struct DemoStep {
   const char* title;
   void (*work)(DemoDay& day);
 };
 
-// From the trade file to the day's saved entry file.
+// From the trade file to the summarised sheet.
 const std::vector<DemoStep>& EntrySheetSteps();
+// The holding check, the day's file, and what the exchange says to it.
+const std::vector<DemoStep>& SendSteps();
+// A Pay Out day, and back to the Pay In file.
+const std::vector<DemoStep>& PayOutSteps();
 
 }  // namespace tallyrun::testing

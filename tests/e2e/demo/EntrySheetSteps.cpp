@@ -1,6 +1,4 @@
 #include "app/frmMainIds.h"
-#include "tests/e2e/Hand.h"
-#include "tests/e2e/Waiting.h"
 #include "tests/e2e/demo/DemoDay.h"
 
 namespace tallyrun::testing {
@@ -8,26 +6,6 @@ namespace tallyrun::testing {
 namespace {
 
 using namespace frmMainIds;
-
-void WaitForCaption(DemoDay& day, const std::string& caption) {
-  if (!Holds([&] { return day.Main().Caption() == caption; })) {
-    throw DriverError("The caption is not '" + caption + "' but '" + day.Main().Caption() + "'");
-  }
-}
-
-// Opens the editor of the current cell, types and confirms.
-void EditCurrentCell(DemoDay& day, const std::string& text) {
-  PressKey(VK_RETURN);
-  if (!Holds([&] { return day.Main().IsVisible(kTxtEditor); })) {
-    throw DriverError("No editor opens over the cell.");
-  }
-  TypeText(text);
-  day.TakePicture("edit-cell");
-  PressKey(VK_RETURN);
-  if (!Holds([&] { return !day.Main().IsVisible(kTxtEditor); })) {
-    throw DriverError("The editor does not close.");
-  }
-}
 
 void Start(DemoDay& day) {
   day.Say("   window \"" + day.Main().Caption() + "\"");
@@ -66,35 +44,8 @@ void SearchInVain(DemoDay& day) {
 
 void EditCell(DemoDay& day) {
   // The row that was found is still the current one.
-  day.Main().TabTo(kFlxEntries);
-  PressKeys(VK_RIGHT, 11);
-  EditCurrentCell(day, "1,250");
+  EditCurrentRow(day, kQuantityColumn, "1,250", "edit-cell");
   day.TakePicture("edited");
-}
-
-void Save(DemoDay& day) {
-  day.Main().Click(kBtnSave);
-  day.Answer("confirm-save", "Yes");
-  day.Answer("saved", "OK");
-  if (GetFileAttributesA(day.File("work\\05-Jan-2010_PI_410275.txt").c_str()) ==
-      INVALID_FILE_ATTRIBUTES) {
-    throw DriverError("The entry file is not there.");
-  }
-}
-
-void SwitchToPayOut(DemoDay& day) {
-  day.Main().Click(kOptPayOut);
-  day.Answer("confirm-pay-out", "Yes");
-  WaitForCaption(day, "Tallyrun v1.0 : Pay Out");
-  day.TakePicture("pay-out");
-}
-
-void ReloadPayIn(DemoDay& day) {
-  day.Main().Click(kOptPayIn);
-  WaitForCaption(day, "Tallyrun v1.0 : Pay In");
-  day.Main().Click(kBtnReload);
-  day.Answer("confirm-reload", "Yes");
-  day.TakePicture("reloaded");
 }
 
 }  // namespace
@@ -108,9 +59,6 @@ const std::vector<DemoStep>& EntrySheetSteps() {
       {"Search finds a name", Search},
       {"Search says so when there is none", SearchInVain},
       {"The row's quantity is corrected by keyboard", EditCell},
-      {"Save writes the day's entry file", Save},
-      {"Pay Out asks before the sheet is emptied", SwitchToPayOut},
-      {"Reload brings the Pay In file back", ReloadPayIn},
   };
   return steps;
 }

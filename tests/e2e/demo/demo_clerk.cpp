@@ -1,22 +1,23 @@
 // Works a day in the real program, for scripts/demo.sh: demo_clerk FOLDER [--stay]
-// FOLDER holds program\Tallyrun.exe, work\ and import\. With --stay the program is left open.
+// FOLDER holds program\Tallyrun.exe, work\ and import\, as the samples do. With --stay the program
+// is left open.
 #include <exception>
 #include <string>
 
 #include "tests/e2e/demo/DemoDay.h"
 
-using tallyrun::testing::DemoDay;
-using tallyrun::testing::DemoStep;
-
+namespace tallyrun::testing {
 namespace {
 
 // False when the day broke off.
 bool Work(DemoDay& day, bool stay) {
   try {
     int number = 0;
-    for (const DemoStep& step : tallyrun::testing::EntrySheetSteps()) {
-      day.Say(std::to_string(++number) + ". " + step.title);
-      step.work(day);
+    for (const auto* steps : {&EntrySheetSteps(), &SendSteps(), &PayOutSteps()}) {
+      for (const DemoStep& step : *steps) {
+        day.Say(std::to_string(++number) + ". " + step.title);
+        step.work(day);
+      }
     }
     if (stay) day.Clerk().LeaveRunning();
     return true;
@@ -28,12 +29,13 @@ bool Work(DemoDay& day, bool stay) {
 }
 
 }  // namespace
+}  // namespace tallyrun::testing
 
 int main(int count, char** arguments) {
   if (count < 2) return 2;
   const bool stay = count > 2 && std::string(arguments[2]) == "--stay";
-  DemoDay day(arguments[1]);
-  const bool worked = Work(day, stay);
+  tallyrun::testing::DemoDay day(arguments[1]);
+  const bool worked = tallyrun::testing::Work(day, stay);
   day.Say("@done");
   return worked ? 0 : 1;
 }
