@@ -164,6 +164,11 @@ SIZE Form::ClientSize() const {
   return {client.right, client.bottom};
 }
 
+SIZE Form::WindowSize(SIZE client) const {
+  return WindowSizeFor(client, static_cast<DWORD>(GetWindowLongA(window_, GWL_STYLE)),
+                       static_cast<DWORD>(GetWindowLongA(window_, GWL_EXSTYLE)), dpi_);
+}
+
 void Form::Relayout() {
   if (window_ == nullptr || IsIconic(window_)) return;
   LayoutArea area(*this);
@@ -228,8 +233,7 @@ void Form::PlaceOnScreen(HWND owner) {
   if (!options_.sizable) client = minimum_;
   client.cx = std::max(client.cx, minimum_.cx);
   client.cy = std::max(client.cy, minimum_.cy);
-  const SIZE size = WindowSizeFor(client, static_cast<DWORD>(GetWindowLongA(window_, GWL_STYLE)),
-                                  static_cast<DWORD>(GetWindowLongA(window_, GWL_EXSTYLE)), dpi_);
+  const SIZE size = WindowSize(client);
   MONITORINFO monitor = {};
   monitor.cbSize = sizeof monitor;
   GetMonitorInfoA(MonitorFromWindow(owner != nullptr ? owner : window_, MONITOR_DEFAULTTONEAREST),

@@ -130,6 +130,7 @@ class Form : public BusyWindow, public ControlParent {
   void CreateFormWindow(HWND owner);
   void PlaceOnScreen(HWND owner);
   SIZE ClientSize() const;
+  SIZE WindowSize(SIZE client) const;
   void UnloadNow();
   void WindowGone();
   void EndModal();

@@ -143,8 +143,7 @@ void Form::OnSize(WPARAM wParam) {
 }
 
 void Form::OnMinMaxInfo(MINMAXINFO& limits) const {
-  const SIZE least = WindowSizeFor(minimum_, static_cast<DWORD>(GetWindowLongA(window_, GWL_STYLE)),
-                                   static_cast<DWORD>(GetWindowLongA(window_, GWL_EXSTYLE)), dpi_);
+  const SIZE least = WindowSize(minimum_);
   limits.ptMinTrackSize = {least.cx, least.cy};
 }
 
@@ -152,8 +151,11 @@ void Form::OnDpiChanged(int dpi, const RECT& suggested) {
   dpi_ = dpi;
   RefreshFonts();
   Relayout();
-  SetWindowPos(window_, nullptr, suggested.left, suggested.top, suggested.right - suggested.left,
-               suggested.bottom - suggested.top, SWP_NOZORDER | SWP_NOACTIVATE);
+  SIZE size = {suggested.right - suggested.left, suggested.bottom - suggested.top};
+  // Fonts don't grow as evenly as the suggestion has it.
+  if (!options_.sizable) size = WindowSize(minimum_);
+  SetWindowPos(window_, nullptr, suggested.left, suggested.top, static_cast<int>(size.cx),
+               static_cast<int>(size.cy), SWP_NOZORDER | SWP_NOACTIVATE);
 }
 
 bool Form::HoldPointer() const {

@@ -80,12 +80,14 @@ TEST_F(frmSettingsTest, OpensAtStartUpWithNoOwnerAndReturnsWhenClosed) {
 TEST_F(frmSettingsTest, EveryControlIsInsideTheWindowAtEveryDpi) {
   form.Show();
   for (const int dpi : {96, 144, 192}) {
-    const RECT suggested = {0, 0, 100, 100};
+    const RECT suggested = {0, 0, 1500, 900};
     SendMessageA(form.Handle(), WM_DPICHANGED, static_cast<WPARAM>(MAKELONG(dpi, dpi)),
                  reinterpret_cast<LPARAM>(&suggested));
     EXPECT_EQ(form.Dpi(), dpi);
     RECT client = {};
     GetClientRect(form.Handle(), &client);
+    // As large as its contents, whatever was suggested; the title bar is still the screen's own.
+    EXPECT_EQ(client.right, form.MinimumClientSize().cx);
     for (const Control* control : form.Controls()) {
       const PixelRect bounds = control->Bounds();
       EXPECT_GE(bounds.x, form.Scale(7)) << control->Id() << " at " << dpi;
