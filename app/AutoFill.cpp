@@ -1,45 +1,58 @@
 #include "app/AutoFill.h"
 
+#include <span>
 #include <string>
 
 #include "app/RowLookups.h"
+#include "core/ColumnFitter.h"
 #include "core/EntryRow.h"
-#include "core/GridRows.h"
 #include "core/Settings.h"
 
 namespace tallyrun {
 namespace {
-
-void Put(FlexGrid& grid, int row, int col, CellValue value) {
-  grid.SetCell(row, col, value);
-  FitColumnWidth(grid, row, col);
-}
 
 // Numbers the rows of one account alike, going down the sheet: the letter of the mode, the
 // broker, the trade date and the running number of the account's group.
 class InternalRefNumbering {
  public:
   explicit InternalRefNumbering(FlexGrid& grid)
-      : grid_(grid), prefix_(InternalRefPrefix() + Settings.brokerId) {}
+      : grid_(grid), fitter_(grid), prefix_(InternalRefPrefix() + Settings.brokerId) {}
 
   // A row without trade date or BO ID keeps what it has and opens no group.
   void FillRow(int row) {
-    if (IsBlank(row, EntryColumn::kTradeDate) || IsBlank(row, EntryColumn::kBoId)) return;
-    if (row > 1 && grid_.Cell(row, EntryColumn::kBoId) != grid_.Cell(row - 1, EntryColumn::kBoId)) {
-      ++group_;
-    }
-    Put(grid_, row, EntryColumn::kInternalRef, NumberFor(row));
+    const std::span<CellValue> cells = grid_.RowCells(row);
+    const CellValue boId = cells[EntryColumn::kBoId];
+    const CellValue tradeDate = cells[EntryColumn::kTradeDate];
+    if (tradeDateBlank_.Of(tradeDate) || boIdBlank_.Of(boId)) return;
+    if (row > 1 && boId != grid_.Cell(row - 1, EntryColumn::kBoId)) ++group_;
+    CellValue& number = cells[EntryColumn::kInternalRef];
+    number = NumberFor(tradeDate);
+    fitter_.Fit(EntryColumn::kInternalRef, number);
   }
 
  private:
-  bool IsBlank(int row, int col) const {
-    CellScratch scratch;
-    return Trim(grid_.View(row, col, scratch)).empty();
-  }
+  // Whether a cell is blank; the last answer is kept, neighbouring rows mostly being alike.
+  class Blankness {
+   public:
+    explicit Blankness(const FlexGrid& grid) : grid_(grid) {}
+
+    bool Of(CellValue value) {
+      if (value != last_) {
+        CellScratch scratch;
+        isBlank_ = Trim(grid_.View(value, scratch)).empty();
+        last_ = value;
+      }
+      return isBlank_;
+    }
+
+   private:
+    const FlexGrid& grid_;
+    CellValue last_ = CellValue::Empty;
+    bool isBlank_ = true;
+  };
 
   // Neighbouring rows mostly share date and group, so the last number is kept.
-  CellValue NumberFor(int row) {
-    const CellValue tradeDate = grid_.Cell(row, EntryColumn::kTradeDate);
+  CellValue NumberFor(CellValue tradeDate) {
     if (group_ != lastGroup_ || tradeDate != lastTradeDate_) {
       if (lastGroup_ == 0 || tradeDate != lastTradeDate_) {
         CellScratch scratch;
@@ -53,6 +66,9 @@ class InternalRefNumbering {
   }
 
   FlexGrid& grid_;
+  ColumnFitter fitter_;
+  Blankness tradeDateBlank_{grid_};
+  Blankness boIdBlank_{grid_};
   const std::string prefix_;
   int group_ = 1;
   int lastGroup_ = 0;  // none yet
@@ -69,17 +85,22 @@ void FillAutoFields(FlexGrid& grid, const Date& deliveryDay) {
   const CellValue deliveryDate = grid.Intern(FormatDdMmmYyyy(deliveryDay));
   const CellValue brokerId = grid.Intern(Settings.brokerId);
   const CellValue clearingBoid = grid.Intern(Settings.clearingBoid);
+  ColumnFitter fitter(grid);
   for (int row = 1; row < grid.Rows(); ++row) {
-    Put(grid, row, EntryColumn::kSerial, grid.Intern(std::to_string(row)));
-    Put(grid, row, EntryColumn::kDeliveryDate, deliveryDate);
-    Put(grid, row, EntryColumn::kBrokerId, brokerId);
-    Put(grid, row, EntryColumn::kClearingBoid, clearingBoid);
+    const auto put = [&, cells = grid.RowCells(row)](int col, CellValue value) {
+      cells[static_cast<std::size_t>(col)] = value;
+      fitter.Fit(col, value);
+    };
+    put(EntryColumn::kSerial, NumberCell(row));
+    put(EntryColumn::kDeliveryDate, deliveryDate);
+    put(EntryColumn::kBrokerId, brokerId);
+    put(EntryColumn::kClearingBoid, clearingBoid);
     const CodeAndName account = lookups.AccountOf(grid.Cell(row, EntryColumn::kClientCode));
-    Put(grid, row, EntryColumn::kBoId, account.code);
-    Put(grid, row, EntryColumn::kBoName, account.name);
+    put(EntryColumn::kBoId, account.code);
+    put(EntryColumn::kBoName, account.name);
     const CodeAndName security = lookups.SecurityOf(grid.Cell(row, EntryColumn::kScripId));
-    Put(grid, row, EntryColumn::kIsinCode, security.code);
-    Put(grid, row, EntryColumn::kIsinName, security.name);
+    put(EntryColumn::kIsinCode, security.code);
+    put(EntryColumn::kIsinName, security.name);
     numbering.FillRow(row);
   }
 }

@@ -9,7 +9,6 @@
 namespace tallyrun {
 namespace {
 
-constexpr std::uint32_t kNumberBit = 0x80000000u;
 constexpr std::size_t kMaxNumberDigits = 9;
 constexpr int kDefaultColWidth = 960;        // twips
 constexpr int kDefaultCharacterWidth = 120;  // twips, until a view gives its font
@@ -17,13 +16,13 @@ constexpr int kDefaultCharacterWidth = 120;  // twips, until a view gives its fo
 constexpr std::size_t kSmallPool = 1024;
 
 // The number that `text` is the plain decimal writing of: digits alone, no leading zero.
-std::optional<std::uint32_t> PlainNumber(std::string_view text) {
+std::optional<int> PlainNumber(std::string_view text) {
   if (text.empty() || text.size() > kMaxNumberDigits) return std::nullopt;
   if (text.front() == '0' && text.size() > 1) return std::nullopt;
-  std::uint32_t number = 0;
+  int number = 0;
   for (const char character : text) {
     if (character < '0' || character > '9') return std::nullopt;
-    number = number * 10 + static_cast<std::uint32_t>(character - '0');
+    number = number * 10 + (character - '0');
   }
   return number;
 }
@@ -96,15 +95,14 @@ void FlexGrid::SetText(int row, int col, std::string_view text) {
 }
 
 std::string_view FlexGrid::View(CellValue value, CellScratch& scratch) const {
-  const std::uint32_t bits = static_cast<std::uint32_t>(value);
-  if ((bits & kNumberBit) == 0) return pool_.View(bits);
+  if (!IsNumber(value)) return TextOf(value);
   const auto end =
-      std::to_chars(scratch.data(), scratch.data() + scratch.size(), bits & ~kNumberBit).ptr;
+      std::to_chars(scratch.data(), scratch.data() + scratch.size(), NumberOf(value)).ptr;
   return {scratch.data(), static_cast<std::size_t>(end - scratch.data())};
 }
 
 CellValue FlexGrid::Intern(std::string_view text) {
-  if (const auto number = PlainNumber(text)) return static_cast<CellValue>(*number | kNumberBit);
+  if (const auto number = PlainNumber(text)) return NumberCell(*number);
   return static_cast<CellValue>(pool_.Intern(text));
 }
 
@@ -219,8 +217,8 @@ void FlexGrid::ReleaseUnused() {
   TextPool pool;
   std::vector<CellValue> cells = cells_;
   for (CellValue& cell : cells) {
-    const std::uint32_t bits = static_cast<std::uint32_t>(cell);
-    if ((bits & kNumberBit) == 0) cell = static_cast<CellValue>(pool.Intern(pool_.View(bits)));
+    if (IsNumber(cell)) continue;
+    cell = static_cast<CellValue>(pool.Intern(TextOf(cell)));
   }
   pool_ = std::move(pool);
   cells_ = std::move(cells);

@@ -5,6 +5,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -22,6 +23,14 @@ enum class CellValue : std::uint32_t { Empty = 0 };
 // True for a cell that is held as a number, false for a text of the pool.
 constexpr bool IsNumber(CellValue value) {
   return (static_cast<std::uint32_t>(value) & 0x80000000u) != 0;
+}
+
+// The number that such a cell holds, and the cell for a number below a thousand million.
+constexpr std::uint32_t NumberOf(CellValue value) {
+  return static_cast<std::uint32_t>(value) & 0x7FFFFFFFu;
+}
+constexpr CellValue NumberCell(int number) {
+  return static_cast<CellValue>(static_cast<std::uint32_t>(number) | 0x80000000u);
 }
 
 // Room for the digits of a cell that is held as a number.
@@ -61,14 +70,33 @@ class FlexGrid {
   }
   std::string_view View(CellValue value, CellScratch& scratch) const;
 
+  // The text of a value that is no number; kReadableBehindText bytes can be read behind it.
+  std::string_view TextOf(CellValue value) const {
+    return pool_.View(static_cast<std::uint32_t>(value));
+  }
+  // False when no cell's text can have a CR LF in it.
+  bool AnyLineEndInTexts() const { return pool_.AnyLineEnd(); }
+
   CellValue Cell(int row, int col) const { return cells_[IndexOf(row, col)]; }
   void SetCell(int row, int col, CellValue value) {
     cells_[IndexOf(row, col)] = value;
     MarkChanged();
   }
   CellValue Intern(std::string_view text);
+  // Fetches what Intern will look at, for a text that is interned a little later.
+  void Prefetch(std::string_view text) const { pool_.Prefetch(text); }
+  // A row's cells, column 0 first, for a pass that handles many: checked once a row.
+  std::span<const CellValue> RowCells(int row) const {
+    return {&cells_[IndexOf(row, 0)], static_cast<std::size_t>(cols_)};
+  }
+  std::span<CellValue> RowCells(int row) {
+    MarkChanged();
+    return {&cells_[IndexOf(row, 0)], static_cast<std::size_t>(cols_)};
+  }
   // The texts a cell can hold: every CellValue that is no number lies below this.
   std::size_t DistinctTexts() const { return pool_.Size(); }
+  // The same for as long as a CellValue stands for the same text.
+  std::uint64_t TextEdition() const { return pool_.Edition(); }
 
   // Puts the data rows into a new order: row 1 + i becomes what row order[i] was. `order` holds
   // every data row once.

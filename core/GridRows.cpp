@@ -69,7 +69,7 @@ void ClearEntryGrid(FlexGrid& grid) {
 }
 
 void RenumberRows(FlexGrid& grid, int first) {
-  for (int row = first; row < grid.Rows(); ++row) grid.SetText(row, 0, std::to_string(row));
+  for (int row = first; row < grid.Rows(); ++row) grid.SetCell(row, 0, NumberCell(row));
 }
 
 }  // namespace tallyrun

@@ -10,6 +10,11 @@ std::string FieldOr(const RecordList& list, int record, int field, const char* o
   return record == 0 ? otherwise : std::string(list.Field(record, field));
 }
 
+std::string_view BoNameOf(std::string_view boId) {
+  const int record = BoList.FindEqual(BoField::kBoId, boId);
+  return record == 0 ? kBoNameNotFound : BoList.Field(record, BoField::kBoName);
+}
+
 // The record of the first ISIN code that contains the text; none for an empty text.
 int FindIsin(std::string_view isinCode, std::string* fullCode) {
   if (isinCode.empty()) return 0;
@@ -31,8 +36,13 @@ std::string LookupBoIdByClientCode(std::string_view clientCode) {
                  BoField::kBoId, "");
 }
 
-std::string LookupBoName(std::string_view boId) {
-  return FieldOr(BoList, BoList.FindEqual(BoField::kBoId, boId), BoField::kBoName, kBoNameNotFound);
+std::string LookupBoName(std::string_view boId) { return std::string(BoNameOf(boId)); }
+
+AccountViews LookupAccount(std::string_view clientCode) {
+  const int record = BoList.FindEqualWithoutCr(BoField::kClientCode, clientCode);
+  if (record == 0) return {"", BoNameOf("")};
+  const int named = BoList.FirstEqualTo(record, BoField::kBoId);
+  return {BoList.Field(record, BoField::kBoId), BoList.Field(named, BoField::kBoName)};
 }
 
 std::string LookupIsinCodeByScrip(std::string_view scripId) {

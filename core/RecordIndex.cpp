@@ -1,8 +1,6 @@
 #include "core/RecordIndex.h"
 
 #include <algorithm>
-#include <bit>
-#include <functional>
 #include <utility>
 
 #include "core/Conversion.h"
@@ -20,30 +18,30 @@ std::size_t BucketOf(const char* run) {
 }  // namespace
 
 EqualityIndex::EqualityIndex(FieldColumn column, CarriageReturns carriageReturns)
-    : column_(std::move(column)), slots_(std::bit_ceil(column_.size() * 2 + 2)) {
+    : column_(std::move(column)) {
+  places_.Reserve(column_.size());
+  firstEqual_.resize(column_.empty() ? 0 : static_cast<std::size_t>(column_.back().record) + 1);
   for (std::size_t place = 0; place < column_.size(); ++place) {
     std::string_view& text = column_[place].text;
     if (carriageReturns == CarriageReturns::TakenOut && text.find('\r') != std::string_view::npos) {
       std::erase(changedTexts_.emplace_back(text), '\r');
       text = changedTexts_.back();
     }
-    std::uint32_t& slot = slots_[SlotOf(text)];
-    if (slot == 0) slot = static_cast<std::uint32_t>(place) + 1;
+    const int record = column_[place].record;
+    const std::uint32_t first = PlaceOf(text);
+    if (first == TextTable::kNone) places_.Add(text, static_cast<std::uint32_t>(place) + 1);
+    firstEqual_[static_cast<std::size_t>(record)] =
+        first == TextTable::kNone ? record : column_[first - 1].record;
   }
 }
 
 int EqualityIndex::Find(std::string_view text) const {
-  const std::uint32_t slot = slots_[SlotOf(text)];
-  return slot == 0 ? 0 : column_[slot - 1].record;
+  const std::uint32_t place = PlaceOf(text);
+  return place == TextTable::kNone ? 0 : column_[place - 1].record;
 }
 
-// The slot that holds the text, or the free one where it belongs.
-std::size_t EqualityIndex::SlotOf(std::string_view text) const {
-  std::size_t slot = std::hash<std::string_view>()(text);
-  for (;; ++slot) {
-    slot &= slots_.size() - 1;
-    if (slots_[slot] == 0 || column_[slots_[slot] - 1].text == text) return slot;
-  }
+std::uint32_t EqualityIndex::PlaceOf(std::string_view text) const {
+  return places_.Find(text, [this](std::uint32_t place) { return column_[place - 1].text; });
 }
 
 ContainingIndex::ContainingIndex(const FieldColumn& column) : bucketBegins_(kBuckets + 1) {

@@ -11,6 +11,8 @@
 #include <unordered_map>
 #include <vector>
 
+#include "core/TextTable.h"
+
 namespace tallyrun {
 
 struct FieldOfRecord {
@@ -29,13 +31,19 @@ class EqualityIndex {
 
   // The first record whose field is `text`, or 0.
   int Find(std::string_view text) const;
+  // The same for the text that stands in the field of `record`; 0 when that has no such field.
+  int FirstEqualTo(int record) const {
+    const auto at = static_cast<std::size_t>(record);
+    return at < firstEqual_.size() ? firstEqual_[at] : 0;
+  }
 
  private:
-  std::size_t SlotOf(std::string_view text) const;
+  std::uint32_t PlaceOf(std::string_view text) const;
 
   FieldColumn column_;
   std::deque<std::string> changedTexts_;  // those that had a carriage return
-  std::vector<std::uint32_t> slots_;      // open addressing: place in column_ plus 1; 0 is free
+  TextTable places_;                      // in column_, from 1; the first of equal texts
+  std::vector<int> firstEqual_;           // by record
 };
 
 class ContainingIndex {

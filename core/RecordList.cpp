@@ -6,6 +6,7 @@
 #include <utility>
 #include <vector>
 
+#include "core/Edition.h"
 #include "core/RecordIndex.h"
 #include "core/RuntimeError.h"
 #include "core/modFileIO.h"
@@ -31,6 +32,7 @@ struct RecordList::State {
     std::uint32_t length;
   };
 
+  const std::uint64_t edition = NewEdition();
   std::string text;
   std::vector<Place> places;
   std::vector<std::uint32_t> firstPlaces = {0};  // of every record, and the end of the last
@@ -45,6 +47,7 @@ struct RecordList::State {
   void Append(std::string_view line, std::size_t fields);
   void RepairLast(std::size_t fields);
   FieldColumn Column(int field) const;
+  const EqualityIndex& Equal(int field);
 };
 
 void RecordList::State::Append(std::string_view line, std::size_t fields) {
@@ -101,6 +104,8 @@ void RecordList::Read(RecordList& list, std::string text, int fields, bool repai
   if (repairLast) state.RepairLast(static_cast<std::size_t>(fields));
 }
 
+std::uint64_t RecordList::Edition() const { return state_->edition; }
+
 int RecordList::Count() const { return static_cast<int>(state_->Count()); }
 
 int RecordList::FieldCount(int record) const {
@@ -117,11 +122,18 @@ std::string_view RecordList::Field(int record, int field) const {
   return std::string_view(state_->text).substr(place.begin, place.length);
 }
 
+const EqualityIndex& RecordList::State::Equal(int field) {
+  return IndexOf(equal, field, [&] {
+    return EqualityIndex(Column(field), EqualityIndex::CarriageReturns::Kept);
+  });
+}
+
 int RecordList::FindEqual(int field, std::string_view text) const {
-  const auto make = [&] {
-    return EqualityIndex(state_->Column(field), EqualityIndex::CarriageReturns::Kept);
-  };
-  return IndexOf(state_->equal, field, make).Find(text);
+  return state_->Equal(field).Find(text);
+}
+
+int RecordList::FirstEqualTo(int record, int field) const {
+  return state_->Equal(field).FirstEqualTo(record);
 }
 
 int RecordList::FindEqualWithoutCr(int field, std::string_view text) const {

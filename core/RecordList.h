@@ -26,6 +26,9 @@ class RecordList {
   // SubscriptOutOfRange when there is no such field.
   static void Read(RecordList& list, std::string text, int fields, bool repairLast);
 
+  // A number that no other list, nor this one before its last reading, has.
+  std::uint64_t Edition() const;
+
   int Count() const;
   int FieldCount(int record) const;
   // Raises SubscriptOutOfRange when there is no such record or field.
@@ -35,6 +38,8 @@ class RecordList {
   int FindEqual(int field, std::string_view text) const;
   // The same, comparing the field with every carriage return taken out of it.
   int FindEqualWithoutCr(int field, std::string_view text) const;
+  // FindEqual for what stands in the field of `record`; 0 when that has no such field.
+  int FirstEqualTo(int record, int field) const;
   // The first record whose field contains `text` in any letter case, or 0. An empty text is
   // contained in every field.
   int FindContaining(int field, std::string_view text) const;

@@ -1,7 +1,12 @@
 #include "core/TextMeasurer.h"
 
+#include <algorithm>
+#include <iterator>
+
 namespace tallyrun {
 namespace {
+
+constexpr char kDigits[] = {'0', '1', '2', '3', '4', '5', '6', '7', '8', '9'};
 
 // value * numerator / denominator, rounded to the nearest, kept inside an int.
 int Scale(std::int64_t value, std::int64_t numerator, std::int64_t denominator) {
@@ -35,6 +40,13 @@ int TextMeasurer::WidthOf(std::string_view text) const {
   std::int64_t pixels = 0;
   for (const char character : text) pixels += advances_[static_cast<unsigned char>(character)];
   return Scale(pixels, kTwipsPerInch, pixelsPerInch_);
+}
+
+char TextMeasurer::WidestDigit() const {
+  return *std::max_element(std::begin(kDigits), std::end(kDigits), [this](char left, char right) {
+    return advances_[static_cast<unsigned char>(left)] <
+           advances_[static_cast<unsigned char>(right)];
+  });
 }
 
 }  // namespace tallyrun

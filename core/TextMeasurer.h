@@ -18,6 +18,7 @@ class TextMeasurer {
   static TextMeasurer FixedWidth(int twips);
 
   int WidthOf(std::string_view text) const;
+  char WidestDigit() const;
 
  private:
   std::array<int, 256> advances_;

@@ -9,10 +9,10 @@
 #include "core/Conversion.h"
 #include "core/ErrorTrap.h"
 #include "core/FileSystem.h"
-#include "core/FlexGrid.h"
 #include "core/GridRows.h"
 #include "core/Platform.h"
 #include "core/RuntimeError.h"
+#include "core/TildeTable.h"
 #include "core/Wildcard.h"
 
 namespace tallyrun {
@@ -61,10 +61,8 @@ class TemporaryFile {
   TemporaryFile(const TemporaryFile&) = delete;
   TemporaryFile& operator=(const TemporaryFile&) = delete;
 
-  void Write(std::string_view text) {
-    file_->Write(text);
-    file_->Flush();
-  }
+  void Write(std::string_view text) { file_->Write(text); }
+  void Flush() { file_->Flush(); }
 
   void TakeThePlaceOfTarget() {
     file_.reset();
@@ -79,41 +77,6 @@ class TemporaryFile {
   std::string path_;
   std::optional<FileSystem::File> file_;
 };
-
-// Appends `text` without the line ends in it.
-void AppendWithoutLineEnds(std::string& out, std::string_view text) {
-  for (std::size_t end = text.find(kLineEnd); end != std::string_view::npos;
-       end = text.find(kLineEnd)) {
-    out += text.substr(0, end);
-    text.remove_prefix(end + kLineEnd.size());
-  }
-  out += text;
-}
-
-void FillRow(FlexGrid& grid, int row, std::string_view line) {
-  CellScratch scratch;
-  int col = 0;
-  for (const std::string_view piece : Split(line, kCellSeparator)) {
-    const std::string_view text = Trim(piece);
-    // Many cells repeat the one above, whose text need not be looked for in the grid's pool.
-    if (row > 0 && col < grid.Cols() && grid.View(row - 1, col, scratch) == text) {
-      grid.SetCell(row, col, grid.Cell(row - 1, col));
-    } else {
-      grid.SetText(row, col, text);
-    }
-    FitColumnWidth(grid, row, col);
-    ++col;
-  }
-}
-
-void FillFromFile(FlexGrid& grid, const std::string& path) {
-  ClearEntryGrid(grid);
-  const std::string text = ReadWholeFile(path);
-  const std::vector<std::string_view> lines = Split(text, kLineEnd);
-  grid.SetRows(static_cast<int>(lines.size()));
-  int row = 0;
-  for (const std::string_view line : lines) FillRow(grid, row++, line);
-}
 
 }  // namespace
 
@@ -131,12 +94,17 @@ std::string ReadWholeFile(const std::string& path) {
 }
 
 void WriteWholeFile(const std::string& path, std::string_view text) {
+  WriteWholeFile(path, [text](const TextSink& sink) { sink(text); });
+}
+
+void WriteWholeFile(const std::string& path, const std::function<void(const TextSink&)>& write) {
   const auto target = FactsIfAny(path);
   if (target && (target->isReadOnly || target->isFolder)) {
     throw RuntimeError(ErrorKind::PermissionDenied);
   }
   TemporaryFile temporary(path);
-  temporary.Write(text);
+  write([&temporary](std::string_view piece) { temporary.Write(piece); });
+  temporary.Flush();
   temporary.TakeThePlaceOfTarget();
 }
 
@@ -212,25 +180,18 @@ std::vector<std::string_view> Split(std::string_view text, std::string_view sepa
 
 std::string GridToText(const FlexGrid& grid) {
   std::string text;
-  CellScratch scratch;
-  for (int row = 0; row < grid.Rows(); ++row) {
-    for (int col = 0; col < grid.Cols(); ++col) {
-      if (col > 0) text += kCellSeparator;
-      AppendWithoutLineEnds(text, grid.View(row, col, scratch));
-    }
-    text += kLineEnd;
-  }
-  text.pop_back();
+  WriteTildeTable(grid, [&text](std::string_view piece) { text += piece; });
   return text;
 }
 
 void SaveGridToFile(const FlexGrid& grid, const std::string& path) {
-  WriteWholeFile(path, GridToText(grid));
+  WriteWholeFile(path, [&grid](const TextSink& sink) { WriteTildeTable(grid, sink); });
 }
 
 bool LoadFileIntoGrid(const std::string& path, FlexGrid& grid) {
   try {
-    FillFromFile(grid, path);
+    ClearEntryGrid(grid);
+    ReadTildeTable(ReadWholeFile(path), grid);
     return true;
   } catch (const std::exception& error) {
     TellLoadFailure("Error loading file into list.", path, error);

@@ -5,9 +5,12 @@
 
 #include <cstdint>
 #include <exception>
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "core/TextWriter.h"
 
 namespace tallyrun {
 
@@ -19,6 +22,9 @@ std::string ReadWholeFile(const std::string& path);
 // Creates or replaces the file with `text` in one step: when anything fails, the file is as it
 // was and nothing is left beside it. A read-only file raises PermissionDenied.
 void WriteWholeFile(const std::string& path, std::string_view text);
+
+// The same with a text that `write` hands to the sink piece by piece.
+void WriteWholeFile(const std::string& path, const std::function<void(const TextSink&)>& write);
 
 // Reads `source` whole and writes it over `target`. Runs under a trap of its own: an error is
 // shown, and the result is then false.

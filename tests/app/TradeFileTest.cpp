@@ -1,7 +1,10 @@
+#include <functional>
 #include <gmock/gmock.h>
+#include <random>
 
 #include "app/TradeFile.h"
 #include "core/GridRows.h"
+#include "core/Lookups.h"
 #include "core/RuntimeError.h"
 #include "core/modFileIO.h"
 #include "tests/support/EntrySheetFixture.h"
@@ -132,6 +135,79 @@ TEST_F(TradeFileTest, ABadLineEndsTheImportAndTheRowsBeforeItStay) {
     }
     EXPECT_EQ(ColumnOf(grid, EntryColumn::kQuantity), each.quantities);
   }
+}
+
+// What the import does, line by line and cell by cell.
+void LoadPlainly(FlexGrid& grid, std::string_view text, std::string_view side) {
+  const auto lines = Split(text, "\r\n");
+  int row = 0;
+  const auto put = [&](int col, std::string_view cell) {
+    grid.SetText(row, col, cell);
+    FitColumnWidth(grid, row, col);
+  };
+  for (const std::string_view line : lines) {
+    const auto fields = Split(line, "|");
+    if (fields.size() < 2 || fields.at(3) != side) continue;
+    grid.SetRows(++row + 1);
+    put(EntryColumn::kSerial, std::to_string(row));
+    put(EntryColumn::kScripId, fields.at(1));
+    put(EntryColumn::kQuantity, fields.at(4));
+    put(EntryColumn::kClientCode, fields.at(6));
+    const std::string boId = LookupBoIdByClientCode(fields.at(6));
+    put(EntryColumn::kBoId, boId);
+    put(EntryColumn::kBoName, LookupBoName(boId));
+    put(EntryColumn::kTradeDate, FormatDdMmmYyyy(ToDate(fields.at(10))));
+    const std::string isin = LookupIsinCodeByScrip(fields.at(1));
+    put(EntryColumn::kIsinCode, isin);
+    put(EntryColumn::kIsinName, LookupIsinName(isin));
+  }
+  grid.SetRows(row + 1);
+}
+
+TEST_F(TradeFileTest, TakesRandomFilesAsAPlainLoopDoes) {
+  int completed = 0;
+  for (unsigned seed = 1; seed <= 100; ++seed) {
+    SCOPED_TRACE(seed);
+    std::mt19937 random(seed);
+    const auto pick = [&](std::initializer_list<const char*> texts) {
+      return std::string(texts.begin()[random() % texts.size()]);
+    };
+    std::string text;
+    for (auto left = random() % 60; left > 0; --left) {
+      if (random() % 8 == 0) text += pick({"", "no field", "\r", "x\ny", "\n"});
+      if (random() % 200 == 0) text += pick({"0|ALPHAM", "0|ALPHAM|2|S|1|5|C1", "0|A|2|S|3"});
+      if (random() % 8 != 0) {
+        text += "0|" + pick({"ALPHAM", "bravo", "", "nothing"}) + "|2|" + pick({"S", "S", "B"}) +
+                "|" + pick({"5", "1,000", "", "999999999999"}) + "|5|" +
+                pick({"C1", "C2", "C3", "", "NOBODY", "17"}) + "|7|8|9|" +
+                pick({"03-01-2010", "4/1/10"}) + pick({"", "|11", "|11|12|13"});
+      }
+      text += "\r\n";
+    }
+    FlexGrid expected;
+    expected.SetCols(grid.Cols());
+    expected.SetMeasurer(grid.Measurer());
+    FlexGrid loaded;
+    loaded.SetCols(grid.Cols());
+    loaded.SetMeasurer(grid.Measurer());
+    const auto fails = [](const std::function<void()>& load) {
+      try {
+        load();
+        return false;
+      } catch (const std::exception&) {
+        return true;
+      }
+    };
+    const std::string path = Write(text);
+    const bool shouldFail = fails([&] { LoadPlainly(expected, text, "S"); });
+    EXPECT_EQ(fails([&] { LoadTradeFile(loaded, path, "S"); }), shouldFail);
+    EXPECT_EQ(RowsOf(loaded), RowsOf(expected)) << text;
+    for (int col = 0; col < grid.Cols(); ++col) {
+      EXPECT_EQ(loaded.ColWidth(col), expected.ColWidth(col));
+    }
+    completed += shouldFail ? 0 : 1;
+  }
+  EXPECT_GT(completed, 60);
 }
 
 }  // namespace

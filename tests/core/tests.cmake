@@ -1,10 +1,15 @@
 list(APPEND portable_tests
   core/BoIdFormatTest.cpp
+  core/ColumnFitterTest.cpp
   core/FlexGridTest.cpp
   core/GridGeometryTest.cpp
   core/GridRowsTest.cpp
+  core/RadixSortTest.cpp
   core/RowChecksTest.cpp
+  core/SeparatorScanTest.cpp
   core/SortGridTest.cpp
+  core/TextTableTest.cpp
+  core/TildeTableTest.cpp
 )
 list(APPEND portable_tests core/FileTest.cpp)
 list(APPEND portable_tests

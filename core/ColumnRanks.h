@@ -1,0 +1,42 @@
+// The order of a column's values as whole numbers, so that a sort of rows compares no text: every
+// distinct value is read once and put in its place among the others, whatever the number of rows.
+#pragma once
+
+#include <cstdint>
+#include <string_view>
+#include <vector>
+
+#include "core/FlexGrid.h"
+#include "core/SortGrid.h"
+
+namespace tallyrun {
+
+// What a numeric key compares: a text that is no number counts as 0.
+double SortingNumber(std::string_view text);
+
+class ColumnRanks {
+ public:
+  // `column` holds the cells of the key's column, values of the grid in any order.
+  ColumnRanks(const FlexGrid& grid, const SortKey& key, const std::vector<CellValue>& column);
+
+  // The place of one of those values: less for what comes first, equal for what compares as equal.
+  std::uint32_t Of(CellValue value) const {
+    if (!IsNumber(value)) return texts_[static_cast<std::size_t>(value)];
+    if (areNumbersTheirRank_) return NumberOf(value) ^ flip_;
+    return OfNumber(NumberOf(value));
+  }
+  // Bits that a place takes.
+  int Bits() const { return bits_; }
+
+ private:
+  std::uint32_t OfNumber(std::uint32_t number) const;
+
+  std::vector<std::uint32_t> texts_;        // by the text's number in the grid's pool
+  std::vector<std::uint32_t> numbers_;      // those in the column, sorted, ...
+  std::vector<std::uint32_t> numberRanks_;  // ... and the place of each
+  bool areNumbersTheirRank_ = false;        // where the key is numeric and there is no text
+  std::uint32_t flip_ = 0;                  // turns the order of such numbers round
+  int bits_ = 0;
+};
+
+}  // namespace tallyrun

@@ -1,0 +1,110 @@
+// The tilde table's fast reader and writer against a plain one, cell by cell.
+#include <gtest/gtest.h>
+#include <random>
+#include <string>
+
+#include "core/Conversion.h"
+#include "core/GridRows.h"
+#include "core/RuntimeError.h"
+#include "core/TildeTable.h"
+#include "core/modFileIO.h"
+
+namespace tallyrun {
+namespace {
+
+constexpr int kCols = 4;
+
+std::string PlainText(const FlexGrid& grid) {
+  std::string text;
+  for (int row = 0; row < grid.Rows(); ++row) {
+    for (int col = 0; col < grid.Cols(); ++col) {
+      std::string cell = grid.Text(row, col);
+      for (std::size_t at; (at = cell.find("\r\n")) != std::string::npos;) cell.erase(at, 2);
+      text += cell + (col + 1 < grid.Cols() ? "~" : "\r\n");
+    }
+  }
+  text.pop_back();
+  return text;
+}
+
+void ReadPlainly(std::string_view text, FlexGrid& grid) {
+  const auto lines = Split(text, "\r\n");
+  grid.SetRows(static_cast<int>(lines.size()));
+  for (int row = 0; row < grid.Rows(); ++row) {
+    int col = 0;
+    for (const std::string_view piece : Split(lines[static_cast<std::size_t>(row)], "~")) {
+      grid.SetText(row, col, Trim(piece));
+      FitColumnWidth(grid, row, col++);
+    }
+  }
+}
+
+bool Fails(void (*read)(std::string_view, FlexGrid&), std::string_view text, FlexGrid& grid) {
+  try {
+    read(text, grid);
+    return false;
+  } catch (const RuntimeError&) {
+    return true;
+  }
+}
+
+std::string RandomTable(std::mt19937& random) {
+  static constexpr std::string_view kPieces[] = {
+      "~",         "~",
+      "~",         "\r\n",
+      "\r\n",      "\r",
+      "\n",        " ",
+      "7",         "07",
+      "123456789", "1234567890",
+      "A name",    "a text that is longer than thirty-two bytes are"};
+  std::string text;
+  for (auto left = random() % 60; left > 0; --left) text += kPieces[random() % std::size(kPieces)];
+  return text;
+}
+
+TEST(TildeTableTest, ReadsAndWritesAsAPlainLoopDoes) {
+  int read = 0;
+  for (unsigned seed = 1; seed <= 500; ++seed) {
+    SCOPED_TRACE(seed);
+    std::mt19937 random(seed);
+    const std::string text = RandomTable(random);
+    FlexGrid grid;
+    FlexGrid expected;
+    for (FlexGrid* each : {&grid, &expected}) {
+      each->SetCols(kCols);
+      each->SetRows(2);
+      each->SetText(1, 0, "1");
+    }
+    const bool fails = Fails(ReadPlainly, text, expected);
+    ASSERT_EQ(Fails(ReadTildeTable, text, grid), fails);
+    ASSERT_EQ(grid.Rows(), expected.Rows());
+    for (int row = 0; row < grid.Rows(); ++row) {
+      for (int col = 0; col < kCols; ++col) {
+        ASSERT_EQ(grid.Text(row, col), expected.Text(row, col)) << row << " " << col;
+      }
+    }
+    for (int col = 0; col < kCols; ++col) ASSERT_EQ(grid.ColWidth(col), expected.ColWidth(col));
+    ASSERT_EQ(GridToText(grid), PlainText(expected));
+    read += fails ? 0 : 1;
+  }
+  EXPECT_GT(read, 80) << "few cases were a table";
+}
+
+TEST(TildeTableTest, WritesTablesLargerThanAnyBuffer) {
+  FlexGrid grid;
+  grid.SetCols(kCols);
+  grid.SetRows(3000);
+  std::mt19937 random(1);
+  for (int row = 0; row < grid.Rows(); ++row) {
+    for (int col = 0; col < kCols; ++col) {
+      grid.SetText(row, col, std::string(random() % 90, static_cast<char>('a' + random() % 26)));
+    }
+  }
+  grid.SetText(7, 1, std::string(1'000'000, 'x'));
+  EXPECT_TRUE(GridToText(grid) == PlainText(grid));
+  grid.SetText(8, 2, "two\r\nlines");
+  EXPECT_TRUE(GridToText(grid) == PlainText(grid));
+}
+
+}  // namespace
+}  // namespace tallyrun
