@@ -1,5 +1,6 @@
 #include "holding/CheckHoldings.h"
 
+#include <deque>
 #include <exception>
 #include <unordered_map>
 #include <utility>
@@ -21,49 +22,66 @@ std::string HoldingMessage;
 namespace {
 
 constexpr int kNoRow = 0;
+// Looking at the clock takes as long as checking a row.
+constexpr int kRowsPerLook = 64;
 
-// The sheet's distinct pairs of BO ID and ISIN, and which of them each row holds.
+// The BO IDs and ISINs that the sheet's rows hold, each once, and the holding line of every row.
 class SheetHoldings {
  public:
-  explicit SheetHoldings(const FlexGrid& grid) : grid_(grid) {
-    pairOfRow_.resize(static_cast<std::size_t>(grid.Rows()));
+  explicit SheetHoldings(const FlexGrid& grid) : boIds_(grid), isins_(grid) {
+    query_.pairs.reserve(static_cast<std::size_t>(grid.Rows() - 1));
     for (int row = 1; row < grid.Rows(); ++row) {
-      pairOfRow_[static_cast<std::size_t>(row)] =
-          PairOf(grid.Cell(row, EntryColumn::kBoId), grid.Cell(row, EntryColumn::kIsinCode));
+      const auto cells = grid.RowCells(row);
+      query_.pairs.push_back({boIds_.NumberOf(cells[EntryColumn::kBoId]),
+                              isins_.NumberOf(cells[EntryColumn::kIsinCode])});
     }
+    query_.boIds = boIds_.Texts();
+    query_.isins = isins_.Texts();
   }
 
   void FindIn(const HoldingFile& file) { lines_ = FindHoldings(file, query_); }
   const std::optional<std::string_view>& LineOf(int row) const {
-    return lines_[pairOfRow_[static_cast<std::size_t>(row)]];
+    return lines_[static_cast<std::size_t>(row) - 1];
   }
 
  private:
-  using Numbers = std::unordered_map<CellValue, std::uint32_t>;
+  // The distinct values of a column, numbered in the order in which they are met.
+  class Distinct {
+   public:
+    explicit Distinct(const FlexGrid& grid) : grid_(grid), numbers_(grid.DistinctTexts(), kNew) {}
 
-  std::uint32_t PairOf(CellValue boId, CellValue isin) {
-    const HoldingQuery::Pair pair{NumberOf(boId, boIdNumbers_, query_.boIds),
-                                  NumberOf(isin, isinNumbers_, query_.isins)};
-    const std::uint64_t key = std::uint64_t{pair.boId} << 32 | pair.isin;
-    const auto [place, isNew] =
-        pairNumbers_.emplace(key, static_cast<std::uint32_t>(query_.pairs.size()));
-    if (isNew) query_.pairs.push_back(pair);
-    return place->second;
-  }
+    std::uint32_t NumberOf(CellValue value) {
+      if (IsNumber(value)) return NumberOfNumber(value);
+      std::uint32_t& number = numbers_[static_cast<std::size_t>(value)];
+      if (number == kNew) number = Add(grid_.TextOf(value));
+      return number;
+    }
+    const std::vector<std::string_view>& Texts() const { return texts_; }
 
-  std::uint32_t NumberOf(CellValue cell, Numbers& numbers, std::vector<std::string>& texts) {
-    const auto [place, isNew] = numbers.emplace(cell, static_cast<std::uint32_t>(texts.size()));
-    CellScratch scratch;
-    if (isNew) texts.emplace_back(grid_.View(cell, scratch));
-    return place->second;
-  }
+   private:
+    static constexpr std::uint32_t kNew = UINT32_MAX;
 
-  const FlexGrid& grid_;
+    std::uint32_t NumberOfNumber(CellValue value) {
+      const auto [place, isNew] = numbersOfNumbers_.emplace(value, 0);
+      CellScratch scratch;
+      if (isNew) place->second = Add(digits_.emplace_back(grid_.View(value, scratch)));
+      return place->second;
+    }
+    std::uint32_t Add(std::string_view text) {
+      texts_.push_back(text);
+      return static_cast<std::uint32_t>(texts_.size()) - 1;
+    }
+
+    const FlexGrid& grid_;
+    std::vector<std::uint32_t> numbers_;  // by the text's number in the grid
+    std::unordered_map<CellValue, std::uint32_t> numbersOfNumbers_;
+    std::deque<std::string> digits_;
+    std::vector<std::string_view> texts_;
+  };
+
+  Distinct boIds_;
+  Distinct isins_;
   HoldingQuery query_;
-  Numbers boIdNumbers_;
-  Numbers isinNumbers_;
-  std::unordered_map<std::uint64_t, std::uint32_t> pairNumbers_;
-  std::vector<std::uint32_t> pairOfRow_;
   std::vector<std::optional<std::string_view>> lines_;
 };
 
@@ -86,16 +104,19 @@ class RowCheck {
 
   // True when the row's holding covers what it and the equal rows just before it ask for.
   bool Passes(int row) {
-    CellScratch quantity, boId, isin;
-    total_ = TotalWith(row, grid_.View(row, EntryColumn::kQuantity, quantity));
+    total_ = TotalWith(row, grid_.Cell(row, EntryColumn::kQuantity));
+    CellScratch boId, isin;
     return CompareHolding(holdings_.LineOf(row), grid_.View(row, EntryColumn::kBoId, boId),
                           grid_.View(row, EntryColumn::kIsinCode, isin), total_);
   }
 
  private:
-  std::int32_t TotalWith(int row, std::string_view quantity) const {
+  std::int32_t TotalWith(int row, CellValue quantity) const {
     const bool continues = row > 1 && IsSameHolding(grid_, row, row - 1);
-    return continues ? RoundToInt32(total_ + ToDouble(quantity)) : ToInt32(quantity);
+    if (IsNumber(quantity) && !continues) return static_cast<std::int32_t>(NumberOf(quantity));
+    CellScratch scratch;
+    const std::string_view text = grid_.View(quantity, scratch);
+    return continues ? RoundToInt32(total_ + ToDouble(text)) : ToInt32(text);
   }
 
   const FlexGrid& grid_;
@@ -113,7 +134,7 @@ int FindFirstFailingRow(const HoldingCheck& check, const SheetHoldings& holdings
   int row = 1;
   try {
     for (; row < grid.Rows(); ++row) {
-      if (pacer.IsDue(FramePacer::Clock::now())) {
+      if (row % kRowsPerLook == 1 && pacer.IsDue(FramePacer::Clock::now())) {
         ShowRow(grid, row);
         check.repaintEntries();
       }

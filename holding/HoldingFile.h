@@ -2,6 +2,7 @@
 // Knows nothing of the sheet or of where the text came from.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -16,6 +17,11 @@ class HoldingFile {
   // SubscriptOutOfRange when the line has no "Report for ".
   std::string_view Subject() const;
 
+  // Line 9 and every line after it; nothing when the report ends before. A view into this.
+  std::optional<std::string_view> Holdings() const {
+    if (holdings_ == std::string::npos) return std::nullopt;
+    return std::string_view(text_).substr(holdings_);
+  }
   // Calls `visit(line)` for line 9 and every line after it, in order, until it returns false. The
   // views stay valid for as long as the file.
   template <class Visit>

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <optional>
-#include <string>
 #include <string_view>
 #include <vector>
 
@@ -17,9 +16,9 @@ struct HoldingQuery {
     std::uint32_t boId;  // index into boIds
     std::uint32_t isin;  // index into isins
   };
-  std::vector<std::string> boIds;  // each text once
-  std::vector<std::string> isins;  // each text once
-  std::vector<Pair> pairs;         // each pair once
+  std::vector<std::string_view> boIds;  // each text once
+  std::vector<std::string_view> isins;  // each text once
+  std::vector<Pair> pairs;              // in any order, also several times
 };
 
 // For each pair the first line (from line 9 on) that contains both texts, case-sensitive and

@@ -1,14 +1,14 @@
-// Finds which of many texts occur in a line, in one pass over the line however many there are.
-//
-// Every text is anchored on its last 8, 4, 2 or 1 bytes. At each place of the line the bytes that
-// end there are looked up in a small bit table that says "no" nearly always; only after a "yes"
-// the whole texts that could end there are looked up.
+// Finds which of many texts occur in each line of a long text, in one pass over it however many
+// there are.
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
+
+#include "holding/LongTexts.h"
+#include "holding/ShortTexts.h"
 
 namespace tallyrun {
 
@@ -18,31 +18,46 @@ class TextMatcher {
   // matcher.
   explicit TextMatcher(const std::vector<std::string_view>& texts);
 
-  // Adds to `found` the index of every text that `line` contains; a text that occurs several
-  // times is added as often.
-  void FindIn(std::string_view line, std::vector<std::uint32_t>& found) const;
+  // Cuts `text` into lines at CR LF and calls visit(line, found) for each in order until it
+  // returns false. `found` holds the index of every text that the line contains; of a text that
+  // occurs several times perhaps as often.
+  template <class Visit>
+  void ForEachLine(std::string_view text, Visit&& visit) const;
 
  private:
-  // The texts that share one size of anchor.
-  struct Anchors {
-    std::size_t size = 0;                // bytes; 0 while there is no such text
-    std::vector<std::size_t> lengths;    // of the texts, each once
-    std::vector<std::uint64_t> present;  // one bit per hash of an anchor
-    int shift = 0;                       // of a 64-bit hash, down to a bit's number
-  };
-
-  template <class Anchor>
-  static std::uint64_t BitOf(const Anchors& anchors, const char* bytes);
-  template <class Anchor>
-  static void Prepare(Anchors& anchors, const std::vector<std::string_view>& texts);
-  template <class Anchor>
-  void Scan(const Anchors& anchors, std::string_view line, std::vector<std::uint32_t>& found) const;
-
-  Anchors eight_;
-  Anchors four_;
-  Anchors two_;
-  Anchors one_;
-  std::unordered_map<std::string_view, std::uint32_t> indexOf_;
+  std::optional<LongTexts> long_;
+  std::optional<ShortTexts> short_;
 };
+
+template <class Visit>
+void TextMatcher::ForEachLine(std::string_view text, Visit&& visit) const {
+  std::vector<std::uint32_t> found;
+  std::size_t lineBegin = 0;
+  bool goesOn = true;
+  const auto endLine = [&](std::size_t end) {
+    const std::string_view line = text.substr(lineBegin, end - lineBegin);
+    if (short_) short_->FindIn(line, found);
+    goesOn = visit(line, found);
+    found.clear();
+  };
+  const auto see = [&](std::size_t place, bool mayEnd) {
+    if (mayEnd && place + 1 - lineBegin >= kAnchorBytes) {
+      long_->FindAtEndOf(text.substr(lineBegin, place + 1 - lineBegin), found);
+    }
+    if (text[place] == '\n' && place > lineBegin && text[place - 1] == '\r') {
+      endLine(place - 1);
+      lineBegin = place + 1;
+    }
+    return goesOn;
+  };
+  if (long_) {
+    long_->Filter().ForEachPlace(text, see);
+  } else {
+    for (std::size_t place = text.find('\n'); place != text.npos && see(place, false);) {
+      place = text.find('\n', place + 1);
+    }
+  }
+  if (goesOn) endLine(text.size());
+}
 
 }  // namespace tallyrun

@@ -1,5 +1,6 @@
 // The one-pass search against the plain reading of every line for every pair.
 #include <algorithm>
+#include <deque>
 #include <gmock/gmock.h>
 #include <random>
 
@@ -39,7 +40,7 @@ class RandomCase {
     query.isins = DistinctTexts();
     for (std::uint32_t boId = 0; boId < query.boIds.size(); ++boId) {
       for (std::uint32_t isin = 0; isin < query.isins.size(); ++isin) {
-        if (Below(3) != 0) query.pairs.push_back({boId, isin});
+        for (std::size_t times = Below(3); times > 0; --times) query.pairs.push_back({boId, isin});
       }
     }
     std::shuffle(query.pairs.begin(), query.pairs.end(), random_);
@@ -82,9 +83,11 @@ class RandomCase {
     return text;
   }
 
-  std::vector<std::string> DistinctTexts() {
-    std::vector<std::string> texts;
-    for (std::size_t left = 1 + Below(8); left > 0; --left) texts.push_back(Text(Below(14)));
+  std::vector<std::string_view> DistinctTexts() {
+    std::vector<std::string_view> texts;
+    for (std::size_t left = 1 + Below(8); left > 0; --left) {
+      texts.push_back(kept_.emplace_back(Text(Below(14))));
+    }
     std::sort(texts.begin(), texts.end());
     texts.erase(std::unique(texts.begin(), texts.end()), texts.end());
     std::shuffle(texts.begin(), texts.end(), random_);
@@ -92,6 +95,7 @@ class RandomCase {
   }
 
   std::mt19937 random_;
+  std::deque<std::string> kept_;  // what the query's texts are views of
 };
 
 TEST(HoldingSearchTest, FindsWhatReadingRowByRowFinds) {
@@ -123,11 +127,12 @@ TEST(HoldingSearchTest, ManyPairsInOneEndlessLineAreNoProblem) {
   constexpr std::uint32_t kCount = 20000;
   HoldingQuery query;
   std::string line;
+  std::deque<std::string> texts;
   for (std::uint32_t i = 0; i < kCount; ++i) {
-    query.boIds.push_back(std::to_string(1201000000000000 + i));
-    query.isins.push_back("XX" + std::to_string(1000000000 + i));
+    query.boIds.push_back(texts.emplace_back(std::to_string(1201000000000000 + i)));
+    query.isins.push_back(texts.emplace_back("XX" + std::to_string(1000000000 + i)));
     query.pairs.push_back({i, kCount - 1 - i});
-    line += query.boIds.back() + " " + query.isins.back() + "\n";
+    line += texts[texts.size() - 2] + " " + texts.back() + "\n";
   }
   query.isins.push_back("XX9999999999");
   query.pairs.push_back({0, kCount});
