@@ -53,6 +53,7 @@ if [[ -z ${DISPLAY:-} ]]; then
   source scripts/screen.sh
   open_screen 1280x800
   ending+=(close_screen "wineserver --kill")
+  start_manager
   xsetroot -solid '#4a6478'
 fi
 

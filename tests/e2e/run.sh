@@ -8,13 +8,23 @@ port=$1
 export WINEPATH=Z:${2//\//\\}
 shift 2
 
+source "$root/scripts/screen.sh"
+own_screen=
+if [[ -z ${DISPLAY:-} ]]; then
+  open_screen
+  own_screen=yes
+fi
+start_manager
+
 place=$(mktemp -d)
 mkdir "$place/exchange"
-cleanup() {
+clean_up() {
   kill "$exchange" 2>/dev/null || true
+  stop_manager
+  [[ -z $own_screen ]] || close_screen
   rm -rf "$place"
 }
-trap cleanup EXIT
+trap clean_up EXIT
 
 # Another build tree's tests may hold the port for a while.
 for ((attempt = 0; attempt < 300; ++attempt)); do
