@@ -41,10 +41,19 @@ INPUT KeyInput(WORD key, DWORD flags) {
   return input;
 }
 
-INPUT MouseInput(DWORD flags) {
+// In parts of the screen, rounded so that the system comes back to the same pixel.
+LONG PartOf(LONG place, int extent) {
+  const LONG size = GetSystemMetrics(extent);
+  return (place * 65536 + size - 1) / size;
+}
+
+// Moves and presses in one, or what else moves the pointer could come between.
+INPUT MouseInput(POINT place, DWORD flags) {
   INPUT input{};
   input.type = INPUT_MOUSE;
-  input.mi.dwFlags = flags;
+  input.mi.dx = PartOf(place.x, SM_CXSCREEN);
+  input.mi.dy = PartOf(place.y, SM_CYSCREEN);
+  input.mi.dwFlags = flags | MOUSEEVENTF_MOVE | MOUSEEVENTF_ABSOLUTE;
   return input;
 }
 
@@ -52,10 +61,9 @@ INPUT MouseInput(DWORD flags) {
 
 void ClickAt(POINT place, MouseButton button, int times) {
   const bool left = button == MouseButton::Left;
-  SetCursorPos(place.x, place.y);
   for (int i = 0; i < times; ++i) {
-    Send({MouseInput(left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN),
-          MouseInput(left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP)});
+    Send({MouseInput(place, left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN),
+          MouseInput(place, left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP)});
   }
 }
 
