@@ -115,14 +115,14 @@ TEST_F(frmMainTest, TheEditorCoversItsCellCompletesAndComesBackToTheGrid) {
 }
 
 TEST_F(frmMainTest, WhatTakesTheFocusOrMovesTheCellDropsTheEdit) {
-  int width = 1300;
+  int width = 1200;
   const std::vector<std::pair<const char*, std::function<void()>>> ways = {
       {"another control", [&] { SetFocus(Item(kBtnSave)); }},
       {"the grid", [&] { SetFocus(Item(kFlxEntries)); }},
       {"scrolling", [&] { SendMessageA(Item(kFlxEntries), WM_VSCROLL, SB_PAGEDOWN, 0); }},
       {"resizing",
        [&] {
-         SetWindowPos(window.Handle(), nullptr, 0, 0, width += 20, 500, SWP_NOMOVE | SWP_NOZORDER);
+         SetWindowPos(window.Handle(), nullptr, 0, 0, width -= 20, 500, SWP_NOMOVE | SWP_NOZORDER);
        }},
   };
   FillRows(Sheet(), std::vector<std::string>(200));
