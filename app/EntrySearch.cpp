@@ -62,6 +62,7 @@ int FindEntry(const FlexGrid& grid, int col, std::string_view text) {
 void ShowFoundEntry(FlexGrid& grid, int row) {
   grid.SetRow(row);
   grid.SetCol(0);
+  grid.SetLeftCol(0);
   grid.SetTopRow(row);
 }
 

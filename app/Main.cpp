@@ -41,8 +41,9 @@ void Main(frmMain& window) {
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
   using namespace tallyrun;
-  const INITCOMMONCONTROLSEX controls = {
-      sizeof controls, ICC_STANDARD_CLASSES | ICC_DATE_CLASSES | ICC_LISTVIEW_CLASSES};
+  const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_STANDARD_CLASSES | ICC_DATE_CLASSES |
+                                                              ICC_LISTVIEW_CLASSES |
+                                                              ICC_BAR_CLASSES};
   InitCommonControlsEx(&controls);
   const ComScope com;
   WindowsPlatform platform;

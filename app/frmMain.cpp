@@ -10,11 +10,10 @@
 #include "app/EntrySearch.h"
 #include "app/Summarize.h"
 #include "app/TradeFile.h"
-#include "core/GridRows.h"
 #include "core/Platform.h"
-#include "core/RowChecks.h"
-#include "core/SortGrid.h"
+#include "core/RuntimeError.h"
 #include "core/modFileIO.h"
+#include "core/modGlobal.h"
 #include "lists/ListKind.h"
 #include "reports/InstructionReport.h"
 #include "settings/frmSettings.h"
@@ -32,7 +31,12 @@ constexpr int kGridMinimumHeight = 160;
 
 frmMain::frmMain()
     : Form(frmMainIds::kWindowClass,
-           {.width = kDefaultWidth, .height = kDefaultHeight, .endsProgram = true}) {}
+           {.width = kDefaultWidth, .height = kDefaultHeight, .endsProgram = true}) {
+  mnuCopyCell.AddItem(mnuCopy, "Copy");
+  mnuCopyCell.AddItem(mnuPaste, "Paste");
+  mnuCopyCell.AddItem(mnuDelete, "Delete");
+  ConnectHandlers();
+}
 
 void frmMain::CreateControls() {
   using namespace frmMainIds;
@@ -61,12 +65,8 @@ void frmMain::CreateControls() {
   btnList.Create(*this, kBtnList, "List");
   btnSettings.Create(*this, kBtnSettings, "Settings", "Go to settings.");
   btnExit.Create(*this, kBtnExit, "Exit");
-  mnuCopyCell.AddItem(mnuCopy, "Copy");
-  mnuCopyCell.AddItem(mnuPaste, "Paste");
-  mnuCopyCell.AddItem(mnuDelete, "Delete");
   txtEditor.SetVisible(false);
   dtpDate.SetVisible(false);
-  ConnectHandlers();
 }
 
 void frmMain::ConnectHandlers() {
@@ -109,7 +109,8 @@ void frmMain::Layout(LayoutArea& area) {
   const int related = area.Scale(spacing::kRelated);
   const int row = area.BoxHeight();
 
-  const int topWidth = LayoutDay(area) + LayoutSearch(area);
+  const int dayWidth = LayoutDay(area);
+  const int topWidth = dayWidth + LayoutSearch(area, edge + dayWidth);
   const int bottomWidth = LayoutCommands(area);
 
   const int gridTop = edge + row + related + row + related;
@@ -149,8 +150,8 @@ int frmMain::LayoutDay(LayoutArea& area) {
   return left - edge;
 }
 
-// Search and Free Entry at the right edge.
-int frmMain::LayoutSearch(LayoutArea& area) {
+// Search and Free Entry at the right edge, beside what ends at `dayRight`.
+int frmMain::LayoutSearch(LayoutArea& area, int dayRight) {
   const int edge = area.Scale(spacing::kEdge);
   const int related = area.Scale(spacing::kRelated);
   const int row = area.BoxHeight();
@@ -164,10 +165,16 @@ int frmMain::LayoutSearch(LayoutArea& area) {
   }
   comboWidth += area.Scale(32);  // the drop-down button and the inner margins
 
+  // The text box gives way first where the window is narrow.
+  const int others = labelWidth + comboWidth + related + related + buttonWidth;
+  const int textMinimum = area.Scale(kSearchTextMinimum);
+  const int textWidth =
+      std::clamp(right - dayRight - others, textMinimum, area.Scale(kSearchTextWidth));
+
   int left = right - buttonWidth;
   area.Place(btnSearch, {left, edge, buttonWidth, area.ButtonHeight()});
-  left -= related + area.Scale(kSearchTextWidth);
-  area.Place(txtSearch, {left, edge, area.Scale(kSearchTextWidth), row});
+  left -= related + textWidth;
+  area.Place(txtSearch, {left, edge, textWidth, row});
   left -= related + comboWidth;
   area.Place(cmbSearch, {left, edge, comboWidth, row});
   left -= labelWidth;
@@ -175,7 +182,7 @@ int frmMain::LayoutSearch(LayoutArea& area) {
 
   const int checkWidth = area.OptionWidth("Free Entry");
   area.Place(chkFreeEntry, {right - checkWidth, edge + row + related, checkWidth, row});
-  return right - left + area.Scale(spacing::kUnrelated);
+  return others + textMinimum + area.Scale(spacing::kUnrelated);
 }
 
 // The work of the day from the left, the other windows and the way out at the right.
@@ -254,6 +261,7 @@ void frmMain::btnExit_KeyUp(KeyEvent& key) {
 }
 
 void frmMain::AddRowAtTradeDate() {
+  HideCellEditors();  // while the cell they edit is still the current one
   AddEntryRow(Grid());
   Grid().SetCol(EntryColumn::kTradeDate);
 }
@@ -283,6 +291,7 @@ void frmMain::SwitchMode(const EntryModeTexts& mode, const std::string& importCa
   Relayout();  // the day's picker goes to the chosen mode
   btnLoadFromBTFile.SetText(importCaption);
   btnCheck.SetEnabled(mode == kPayIn);
+  if (sendsRunning_ > 0) ShowSendProgress();
 }
 
 bool frmMain::TakeSkipNextLoad() {
@@ -301,6 +310,8 @@ void frmMain::btnLoadFromBTFile_Click() {
     return;
   }
   dtpPayInOrPayOut.SetValue(name->day);
+  // A day that the picker cannot show would leave the rows under another one.
+  if (PickedDay() != name->day) throw RuntimeError(ErrorKind::InvalidCall);
   (name->mode == kPayIn ? optPayIn : optPayOut).SetValue(true);
   if (TakeSkipNextLoad()) return;
   if (!LoadTradeFile(Grid(), *path, TradeSideOf(EntryMode))) return;
@@ -360,7 +371,9 @@ void frmMain::btnSummarize_Click() {
 
 void frmMain::btnCheck_Click() {
   if (sendsRunning_ == 0) savedCaption_ = Caption();
-  if (CheckHoldings(HoldingCheckHere())) return;
+  const bool stopped = CheckHoldings(HoldingCheckHere());
+  if (sendsRunning_ > 0) ShowSendProgress();
+  if (stopped) return;
   Tell("Holding balance checking completed.", "Checking Complete.", MessageIcon::Information);
 }
 
@@ -385,7 +398,7 @@ void frmMain::btnSend_Click() {
   SortEntries(Grid());
   if (CheckSummarized(HoldingCheckHere())) return;
   if (EntryMode == kPayIn && CheckHoldings(HoldingCheckHere())) return;
-  sending.ShowProgress();  // the holding check had its own
+  ShowSendProgress();  // the holding check had its own
   const EntrySend send(Grid(), PickedDay(), *this, savedCaption_);
   if (CheckAlreadySent(send)) return;
   WriteEntryFile(send);
@@ -395,21 +408,21 @@ void frmMain::btnSend_Click() {
 
 frmMain::SendScope::SendScope(frmMain& window) : window_(window) {
   if (window_.sendsRunning_++ == 0) window_.savedCaption_ = window_.Caption();
-  ShowProgress();
+  window_.ShowSendProgress();
 }
 
 frmMain::SendScope::~SendScope() {
   if (--window_.sendsRunning_ > 0) {
-    ShowProgress();
+    window_.ShowSendProgress();
   } else if (restores_) {
     window_.SetPointer(PointerShape::Normal);
     window_.SetCaption(window_.savedCaption_);
   }
 }
 
-void frmMain::SendScope::ShowProgress() {
-  window_.SetPointer(PointerShape::Hourglass);
-  window_.SetCaption(window_.savedCaption_ + "...Sending records to KTX...Please wait.");
+void frmMain::ShowSendProgress() {
+  SetPointer(PointerShape::Hourglass);
+  SetCaption(savedCaption_ + "...Sending records to KTX...Please wait.");
 }
 
 void frmMain::btnList_Click() {

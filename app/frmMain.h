@@ -43,7 +43,6 @@ class frmMain : public Form {
     SendScope(const SendScope&) = delete;
     SendScope& operator=(const SendScope&) = delete;
 
-    void ShowProgress();
     void LeaveEndingToUpload() { restores_ = false; }
 
    private:
@@ -54,7 +53,7 @@ class frmMain : public Form {
   void ConnectHandlers();
   // Each places one group and gives back the width in pixels that it needs.
   int LayoutDay(LayoutArea& area);
-  int LayoutSearch(LayoutArea& area);
+  int LayoutSearch(LayoutArea& area, int dayRight);
   int LayoutCommands(LayoutArea& area);
 
   void SetupEntryGrid();
@@ -98,6 +97,7 @@ class frmMain : public Form {
   bool TakeSkipNextLoad();
 
   HoldingCheck HoldingCheckHere();
+  void ShowSendProgress();
 
   void AddRowAtTradeDate();
   void ShowCellEditor();

@@ -16,6 +16,7 @@ constexpr int kRightButton = 2;
 void frmMain::flxEntries_KeyPress(KeyEvent& key) {
   if (key.key != kEnter) return;
   key.handled = true;
+  if (key.repeated) return;  // a held key would open and keep editors in turn
   if (IsEditable(Grid().Col(), EditTrigger::Enter, chkFreeEntry.Value())) ShowCellEditor();
 }
 
@@ -24,7 +25,7 @@ void frmMain::flxEntries_DblClick() {
 }
 
 void frmMain::flxEntries_MouseUp(MouseEvent mouse) {
-  if (mouse.button == kRightButton) mnuCopyCell.Show(*this);
+  if (mouse.button == kRightButton) mnuCopyCell.Show(flxEntries, mouse.x, mouse.y);
 }
 
 void frmMain::flxEntries_Scroll() { HideCellEditors(); }
@@ -45,7 +46,7 @@ void frmMain::ShowCellEditor() {
 void frmMain::txtEditor_KeyPress(KeyEvent& key) {
   if (key.key == kEnter) {
     key.handled = true;
-    CommitCellEditor();
+    if (!key.repeated) CommitCellEditor();
   } else if (key.key == kEscape) {
     key.handled = true;
     HideCellEditors();
@@ -75,6 +76,7 @@ void frmMain::dtpDate_Change() {
 void frmMain::dtpDate_KeyPress(KeyEvent& key) {
   if (key.key == kEnter) {
     key.handled = true;
+    if (key.repeated) return;
     WriteDateIntoCell();
     HideCellEditors();
   } else if (key.key == kEscape) {

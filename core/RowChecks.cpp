@@ -66,7 +66,8 @@ int FindRowNotStartingWith(const FlexGrid& grid, int col, std::string_view prefi
 bool HasMissingField(FlexGrid& grid) {
   for (int col = 1; col < grid.Cols(); ++col) {
     if (CheckColumnFilled(grid, col)) continue;
-    ShowCell(grid, FindBlankRow(grid, col), col);
+    const int row = FindBlankRow(grid, col);
+    if (row != kNoRow) ShowCell(grid, row, col);  // none when the check itself failed
     return true;
   }
   return false;

@@ -2,6 +2,7 @@
 
 #include "core/Application.h"
 #include "holding/CheckHoldings.h"
+#include "holding/frmHoldingMessageIds.h"
 
 namespace tallyrun {
 namespace {
@@ -15,9 +16,8 @@ constexpr int kLeastHeight = 120;
 }  // namespace
 
 frmHoldingMessage::frmHoldingMessage()
-    : Form("frmHoldingMessage", {.width = kWidth, .height = kHeight}) {
+    : Form(frmHoldingMessageIds::kWindowClass, {.width = kWidth, .height = kHeight}) {
   txtMessage.SetFontFace("Lucida Console");
-  On(txtMessage.KeyPress, &frmHoldingMessage::txtMessage_KeyPress);
 }
 
 void frmHoldingMessage::ShowFresh(Form* owner) {
@@ -26,7 +26,7 @@ void frmHoldingMessage::ShowFresh(Form* owner) {
 }
 
 void frmHoldingMessage::CreateControls() {
-  txtMessage.Create(*this, kMessageId, TextBoxKind::ReadOnlyLines);
+  txtMessage.Create(*this, frmHoldingMessageIds::kTxtMessage, TextBoxKind::ReadOnlyLines);
 }
 
 void frmHoldingMessage::Layout(LayoutArea& area) {
@@ -38,12 +38,6 @@ void frmHoldingMessage::Layout(LayoutArea& area) {
 void frmHoldingMessage::Form_Load() {
   SetCaption(CaptionFor("Holding Balance Message."));
   txtMessage.SetText(HoldingMessage);
-}
-
-void frmHoldingMessage::txtMessage_KeyPress(KeyEvent& key) {
-  if (key.key != VK_ESCAPE) return;
-  key.handled = true;
-  Unload();
 }
 
 }  // namespace tallyrun

@@ -8,9 +8,6 @@ namespace tallyrun {
 
 class frmHoldingMessage : public Form {
  public:
-  // The controls' ids, the same in every build.
-  enum ControlId { kMessageId = 1 };
-
   frmHoldingMessage();
 
   // Closes the window if it is open, loads it anew with the HoldingMessage of now and returns
@@ -23,8 +20,6 @@ class frmHoldingMessage : public Form {
   void Form_Load() override;
 
  private:
-  void txtMessage_KeyPress(KeyEvent& key);
-
   TextBox txtMessage;
 };
 

@@ -19,9 +19,11 @@ std::string UploadStem(const std::string& brokerId) { return "BO_" + brokerId; }
 
 void SendShownRows(const FlexGrid& grid, BusyWindow& window, const std::string& savedCaption) {
   // Kept, because the clerk can save other settings while the transfer is waited for.
-  const std::string upload = Settings.backupLocation + UploadStem(Settings.brokerId) + ".txt";
+  const std::string folder = Settings.backupLocation;
+  const std::string upload = folder + UploadStem(Settings.brokerId) + ".txt";
   SaveGridToFile(grid, upload);
-  const std::string output = RunFtpScript(SendBoListScript(Settings.brokerId, ThePlatform().Now()));
+  const std::string output =
+      RunFtpScript(folder, SendBoListScript(Settings.brokerId, ThePlatform().Now()));
   if (HasTransferCompleted(output)) {
     TellOutcome(window, savedCaption, "List of BOs sent to KTX successfully.", "Send succeeded",
                 MessageIcon::Information);
@@ -29,7 +31,7 @@ void SendShownRows(const FlexGrid& grid, BusyWindow& window, const std::string& 
     TellOutcome(window, savedCaption, "List of BOs not sent to KTX.", "Send failed",
                 MessageIcon::Critical);
   }
-  RemoveFtpFiles();
+  RemoveFtpFiles(folder);
   DeleteFileAt(upload);
 }
 
@@ -39,13 +41,15 @@ void RestoreList(const std::string& list, const std::string& backup) {
 }
 
 void ReceiveOverList(FlexGrid& grid, BusyWindow& window, const std::string& savedCaption) {
+  const std::string folder = Settings.backupLocation;
   const std::string list = ListFilePathOf(kIsinKind);
   const std::string backup = BackupPathAt(kIsinKind, ThePlatform().Now());
   // A list that cannot be kept is not put at risk.
   if (FileExists(list) && !CopyTextFile(list, backup)) return EndBusy(window, savedCaption);
-  const std::string output = RunFtpScript(ReceiveIsinListScript());
+  const std::string output = RunFtpScript(folder, ReceiveIsinListScript());
   if (HasTransferCompleted(output)) {
-    if (CurrentListKind == kIsinKind) LoadFileIntoGrid(list, grid);
+    const bool isShown = CurrentListKind == kIsinKind && list == ListFilePathOf(kIsinKind);
+    if (isShown) LoadFileIntoGrid(list, grid);
     TellOutcome(window, savedCaption, "List of ISINs received from KTX successfully.",
                 "Recieve succeeded", MessageIcon::Information);
   } else {
@@ -53,7 +57,7 @@ void ReceiveOverList(FlexGrid& grid, BusyWindow& window, const std::string& save
                 MessageIcon::Critical);
     RestoreList(list, backup);
   }
-  RemoveFtpFiles();
+  RemoveFtpFiles(folder);
 }
 
 // Runs `transfer` under the signs of a busy window, and takes them back when it fails.

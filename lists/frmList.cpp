@@ -75,7 +75,7 @@ void frmList::flxList_DblClick() { BeginCellEdit(); }
 void frmList::flxList_KeyPress(KeyEvent& key) {
   if (key.key != VK_RETURN) return;
   key.handled = true;
-  BeginCellEdit();
+  if (!key.repeated) BeginCellEdit();  // a held key would open and keep editors in turn
 }
 
 void frmList::flxList_Scroll() { HideOverCell(flxList, txtEditor); }
@@ -83,7 +83,7 @@ void frmList::flxList_Scroll() { HideOverCell(flxList, txtEditor); }
 void frmList::txtEditor_KeyPress(KeyEvent& key) {
   if (key.key == VK_RETURN) {
     key.handled = true;
-    CommitCellEdit();
+    if (!key.repeated) CommitCellEdit();
   } else if (key.key == VK_ESCAPE) {
     key.handled = true;
     HideOverCell(flxList, txtEditor);
@@ -130,13 +130,25 @@ void frmList::btnLoadBackup_Click() {
 }
 
 void frmList::btnUpdateList_Click() {
+  if (isTransferring_) return;  // the files of the one that runs are in use
+  const TransferScope transfer(*this);
   if (CurrentListKind == kBoKind) {
     SendBoList(Grid(), *this);
   } else {
     ReceiveIsinList(Grid(), *this);
   }
-  // The clerk may have switched the list meanwhile.
-  SetCaption(ListTextsOf(CurrentListKind).caption);
+}
+
+frmList::TransferScope::TransferScope(frmList& window) : window_(window) {
+  window_.isTransferring_ = true;
+}
+
+frmList::TransferScope::~TransferScope() {
+  window_.isTransferring_ = false;
+  // The clerk may have switched the list meanwhile, or opened a cell that has other rows around
+  // it now.
+  window_.SetCaption(ListTextsOf(CurrentListKind).caption);
+  HideOverCell(window_.flxList, window_.txtEditor);
 }
 
 void frmList::btnClose_Click() { Unload(); }

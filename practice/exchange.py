@@ -15,6 +15,7 @@ from pathlib import Path
 
 from pyftpdlib.authorizers import DummyAuthorizer
 from pyftpdlib.handlers import DTPHandler, FTPHandler
+from pyftpdlib.ioloop import RetryError
 from pyftpdlib.servers import FTPServer
 
 USER, PASSWORD = "ledgerhand", "qz5071"
@@ -61,7 +62,10 @@ class DataChannel(DTPHandler):
         if not full and not faults.has("drop-upload"):
             super().handle_read()
             return
-        chunk = self.recv(self.ac_in_buffer_size)
+        try:
+            chunk = self.recv(self.ac_in_buffer_size)
+        except RetryError:
+            return
         if not chunk:  # recv has closed the channel
             return
         self.file_obj.write(chunk[:len(chunk) // 2])
@@ -92,6 +96,7 @@ class ExchangeHandler(FTPHandler):
     banner = "KTX File Exchange"
     dtp_handler = DataChannel
     auth_failed_timeout = 0
+    timeout = 0  # a connection that is not answered lasts
     use_sendfile = False
     faults = None
 

@@ -23,7 +23,7 @@ frmSettings& SettingsDialog() {
 
 }  // namespace
 
-frmSettings::frmSettings() : Form("frmSettings", {.sizable = false}) {
+frmSettings::frmSettings() : Form(kWindowClass, {.sizable = false}) {
   On(btnSetBackupLocation.Click, &frmSettings::btnSetBackupLocation_Click);
   On(btnSave.Click, &frmSettings::btnSave_Click);
 }
@@ -76,6 +76,7 @@ void frmSettings::Layout(LayoutArea& area) {
 void frmSettings::Form_Load() {
   SetCaption(CaptionFor("Settings"));
   ShowEntry(Settings);
+  txtBrokerID.SelectAll();
 }
 
 void frmSettings::btnSetBackupLocation_Click() {

@@ -4,6 +4,8 @@
 
 namespace tallyrun::frmSettingsIds {
 
+inline constexpr char kWindowClass[] = "Tallyrun.frmSettings";
+
 inline constexpr int kLblBrokerID = 101;
 inline constexpr int kTxtBrokerID = 102;
 inline constexpr int kLblClearingBOID = 103;

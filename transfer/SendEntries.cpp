@@ -61,14 +61,15 @@ void ShowSentFile(const EntrySend& send) {
 
 // The local file stands for the server's copy, which the download has just put in its place.
 bool FindAlreadySent(const EntrySend& send) {
-  const std::string output = ToLower(RunFtpScript(AlreadySentScript(send.day, send.fileName)));
+  const std::string output =
+      ToLower(RunFtpScript(send.workingFolder, AlreadySentScript(send.day, send.fileName)));
   if (output.find("the system cannot find the file specified") != std::string::npos) {
-    RemoveFtpFiles();
+    RemoveFtpFiles(send.workingFolder);
     return false;
   }
   // Of an empty file the transfer's files stay: the upload writes them anew.
   if (FileLength(send.workingFolder + send.fileName) <= 0) return false;
-  RemoveFtpFiles();
+  RemoveFtpFiles(send.workingFolder);
   ShowSentFile(send);
   return true;
 }
@@ -108,7 +109,8 @@ void WriteEntryFile(const EntrySend& send) {
 
 void UploadEntryFile(const EntrySend& send) {
   RunTrapped([&send] {
-    const std::string output = RunFtpScript(SendScript(send.day, send.fileName));
+    const std::string output =
+        RunFtpScript(send.workingFolder, SendScript(send.day, send.fileName));
     if (HasTransferCompleted(output)) {
       TellOutcome(send.window, send.savedCaption, "Records sent to KTX successfully.",
                   "Send succeeded", MessageIcon::Information);
@@ -116,7 +118,7 @@ void UploadEntryFile(const EntrySend& send) {
       TellOutcome(send.window, send.savedCaption, "Records were not sent to KTX.", "Send failed",
                   MessageIcon::Critical);
     }
-    RemoveFtpFiles();
+    RemoveFtpFiles(send.workingFolder);
     Archive(send);
   });
 }

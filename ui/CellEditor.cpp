@@ -1,5 +1,7 @@
 #include "ui/CellEditor.h"
 
+#include "ui/Form.h"
+
 namespace tallyrun {
 
 void PlaceOverCell(const FlexGridControl& grid, Control& editor) {
@@ -21,9 +23,10 @@ void ShowOverCell(FlexGridControl& grid, TextBox& editor, const std::string& tex
 }
 
 void HideOverCell(FlexGridControl& grid, Control& editor) {
-  const bool hadFocus = editor.HasFocus();
+  // First, or the system would give the focus to whatever comes next; also when the form is not in
+  // front and only remembers the editor.
+  if (editor.Owner() != nullptr && editor.Owner()->RemembersFocusOn(editor)) grid.SetFocus();
   editor.SetVisible(false);
-  if (hadFocus) grid.SetFocus();
 }
 
 }  // namespace tallyrun

@@ -24,8 +24,13 @@ HWND ActiveFormWindow() {
 
 }  // namespace
 
-KeyEvent KeyEventFrom(WPARAM key) {
-  return {static_cast<int>(key), KeyIsDown(VK_SHIFT), KeyIsDown(VK_CONTROL), false};
+KeyEvent KeyEventFrom(WPARAM wParam, LPARAM lParam) {
+  constexpr LPARAM kWasDown = 1 << 30;
+  return {.key = static_cast<int>(wParam),
+          .shift = KeyIsDown(VK_SHIFT),
+          .control = KeyIsDown(VK_CONTROL),
+          .handled = false,
+          .repeated = (lParam & kWasDown) != 0};
 }
 
 namespace focus {
@@ -103,12 +108,12 @@ LRESULT Control::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     }
     case WM_KEYDOWN:
     case WM_CHAR: {
-      KeyEvent key = KeyEventFrom(wParam);
+      KeyEvent key = KeyEventFrom(wParam, lParam);
       (message == WM_CHAR ? KeyPress : KeyDown).Raise(key);
       return key.handled ? 0 : Default(message, wParam, lParam);
     }
     case WM_KEYUP: {
-      KeyEvent key = KeyEventFrom(wParam);
+      KeyEvent key = KeyEventFrom(wParam, lParam);
       RaiseKeyUp(key);
       return key.handled ? 0 : Default(message, wParam, lParam);
     }
@@ -122,7 +127,9 @@ LRESULT Control::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void Control::RaiseKeyUp(KeyEvent& key) {
-  if (key.key == VK_DELETE && EditsText()) return;
+  // With Shift or Ctrl, INSERT pastes and copies.
+  const bool isClipboardKey = key.key == VK_INSERT && (key.shift || key.control);
+  if (EditsText() && (key.key == VK_DELETE || isClipboardKey)) return;
   (KeyUp.HasHandler() ? KeyUp : form_->KeyUp).Raise(key);
 }
 

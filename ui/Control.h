@@ -114,8 +114,8 @@ class Control {
   std::string fontFace_;
 };
 
-// The key event for a key message, with the modifiers as they stand.
-KeyEvent KeyEventFrom(WPARAM key);
+// The key event of a key message, with the modifiers as they stand.
+KeyEvent KeyEventFrom(WPARAM wParam, LPARAM lParam);
 
 // The control that has the focus or had it last; tells both sides when it changes.
 namespace focus {

@@ -30,7 +30,8 @@ struct KeyEvent {
   int key = 0;  // virtual-key code for KeyDown and KeyUp, character code for KeyPress
   bool shift = false;
   bool control = false;
-  bool handled = false;  // set by the handler: the control does nothing with the key
+  bool handled = false;   // set by the handler: the control does nothing with the key
+  bool repeated = false;  // the key is being held down
 };
 
 struct MouseEvent {

@@ -150,7 +150,7 @@ void FlexGridControl::ShowScrollRange(int bar, int last, int page, int position)
   wanted.fMask |= SIF_DISABLENOSCROLL;
   wanted.nMin = 0;
   wanted.nMax = std::max(0, last);
-  wanted.nPage = static_cast<UINT>(page);
+  wanted.nPage = static_cast<UINT>(std::min(page, wanted.nMax + 1));  // as the system holds it
   wanted.nPos = position;
   if (wanted.nMax == shown.nMax && wanted.nPage == shown.nPage && wanted.nPos == shown.nPos) {
     return;

@@ -173,7 +173,7 @@ LRESULT FlexGridControl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 LRESULT FlexGridControl::OnKeyDown(WPARAM wParam, LPARAM lParam) {
-  KeyEvent key = KeyEventFrom(wParam);
+  KeyEvent key = KeyEventFrom(wParam, lParam);
   KeyDown.Raise(key);
   if (key.handled || Handle() == nullptr || MoveByKey(key)) return 0;
   return Default(WM_KEYDOWN, wParam, lParam);
@@ -233,6 +233,7 @@ void FlexGridControl::OnButtonUp(int button, POINT at) {
 }
 
 void FlexGridControl::OnMenuKey() {
+  if (grid_.Row() > 0) ShowCell(grid_.Row(), grid_.Col());
   const GridRect cell = CellBounds(grid_.Row(), grid_.Col());
   MouseUp.Raise({2, cell.left + cell.width / 2, cell.top + cell.height / 2});
 }

@@ -67,10 +67,16 @@ void Form::Load() {
   if (IsLoaded()) return;
   if (loadedForms.empty()) programIsEnding = false;
   loading_ = true;
-  CreateFormWindow(owner_);
-  CreateControls();
-  RefreshFonts();
-  PlaceOnScreen(owner_);
+  try {
+    CreateFormWindow(owner_);
+    CreateControls();
+    RefreshFonts();
+    PlaceOnScreen(owner_);
+  } catch (...) {
+    loading_ = false;
+    if (window_ != nullptr) DestroyWindow(window_);
+    throw;
+  }
   loading_ = false;
   RunHandler([this] { Form_Load(); });
 }
@@ -155,7 +161,7 @@ void Form::RefreshFonts() {
   // The old fonts live until every control has its new one.
   const auto former = std::exchange(fonts_, {});
   for (Control* control : controls_) control->ApplyFont(Font(control->FontFace()));
-  toolTips_.ApplyFont(Font());
+  toolTips_.ApplyFont(Font(), dpi_);
 }
 
 SIZE Form::ClientSize() const {

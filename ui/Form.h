@@ -85,6 +85,10 @@ class Form : public BusyWindow, public ControlParent {
   void Disown(Control& control);
   void ShowToolTip(const Control& control);
   void NoteFocus(const Control& control) { lastFocus_ = control.Handle(); }
+  // Whether the control has the focus or gets it when the form is next in front.
+  bool RemembersFocusOn(const Control& control) const {
+    return control.Handle() != nullptr && lastFocus_ == control.Handle();
+  }
   void Abandon() { unloading_ = true; }  // a control's object goes before its window did
   bool HoldPointer() const;              // true when the form sets the pointer itself
   const std::vector<Control*>& Controls() const { return controls_; }

@@ -62,7 +62,7 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       RestoreFocus();
       return 0;
     case WM_KEYUP: {
-      KeyEvent key = KeyEventFrom(wParam);
+      KeyEvent key = KeyEventFrom(wParam, lParam);
       KeyUp.Raise(key);
       return 0;
     }
@@ -76,6 +76,7 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       if (wParam == SPI_SETNONCLIENTMETRICS) {
         RefreshFonts();
         Relayout();
+        RunHandler([this] { Form_Resize(); });
       }
       break;
     case WM_SYSCOLORCHANGE:
@@ -156,6 +157,8 @@ void Form::OnDpiChanged(int dpi, const RECT& suggested) {
   if (!options_.sizable) size = WindowSize(minimum_);
   SetWindowPos(window_, nullptr, suggested.left, suggested.top, static_cast<int>(size.cx),
                static_cast<int>(size.cy), SWP_NOZORDER | SWP_NOACTIVATE);
+  // Also where the client area happens to keep its size: the controls have not.
+  RunHandler([this] { Form_Resize(); });
 }
 
 bool Form::HoldPointer() const {

@@ -27,7 +27,6 @@ class UniqueHandle {
 
   Handle Get() const { return handle_; }
   explicit operator bool() const { return handle_ != nullptr; }
-  Handle Release() { return std::exchange(handle_, nullptr); }
   void Reset(Handle handle = nullptr) {
     const Handle old = std::exchange(handle_, handle);
     if (old != nullptr) Traits::Free(old);
@@ -56,10 +55,7 @@ struct ProcessTraits {
 };
 
 using UniqueFont = UniqueHandle<GdiTraits<HFONT>>;
-using UniqueBrush = UniqueHandle<GdiTraits<HBRUSH>>;
-using UniquePen = UniqueHandle<GdiTraits<HPEN>>;
 using UniqueBitmap = UniqueHandle<GdiTraits<HBITMAP>>;
-using UniqueRegion = UniqueHandle<GdiTraits<HRGN>>;
 using UniqueMenu = UniqueHandle<MenuTraits>;
 using UniqueDc = UniqueHandle<MemoryDcTraits>;      // from CreateCompatibleDC
 using UniqueProcess = UniqueHandle<ProcessTraits>;  // any handle that CloseHandle closes

@@ -15,11 +15,11 @@ int PopupMenu::AddItem(MenuItem& item, const std::string& text) {
   return number;
 }
 
-void PopupMenu::Show(Form& form) {
-  POINT at = {};
-  GetCursorPos(&at);
+void PopupMenu::Show(const Control& over, int x, int y) {
+  POINT at = {x, y};
+  ClientToScreen(over.Handle(), &at);
   const BOOL chosen = TrackPopupMenuEx(menu_.Get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, at.x, at.y,
-                                       form.Handle(), nullptr);
+                                       over.Owner()->Handle(), nullptr);
   if (chosen > 0 && static_cast<std::size_t>(chosen) <= items_.size()) {
     items_[static_cast<std::size_t>(chosen) - 1]->Click.Raise();
   }

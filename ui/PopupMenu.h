@@ -1,4 +1,4 @@
-// A menu that pops up at the pointer.
+// A menu that pops up over a control.
 #pragma once
 
 #include <string>
@@ -9,7 +9,7 @@
 
 namespace tallyrun {
 
-class Form;
+class Control;
 
 class MenuItem {
  public:
@@ -20,8 +20,8 @@ class PopupMenu {
  public:
   // Adds `item` with its text; the item must outlive the menu. Gives back its number, from 1.
   int AddItem(MenuItem& item, const std::string& text);
-  // Shows the menu over `form` at the pointer and raises the Click of the item chosen.
-  void Show(Form& form);
+  // Shows the menu at a place in the control's client pixels and raises the chosen item's Click.
+  void Show(const Control& over, int x, int y);
   // The menu's handle, for who drives the program from outside.
   HMENU Handle() const { return menu_.Get(); }
 

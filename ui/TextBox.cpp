@@ -4,6 +4,7 @@ namespace tallyrun {
 namespace {
 
 constexpr WPARAM kCtrlA = 1;  // the character that Ctrl+A types
+constexpr WPARAM kCtrlBackspace = 0x7F;
 
 }  // namespace
 
@@ -30,13 +31,15 @@ void TextBox::OnCommand(int code) {
 
 LRESULT TextBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_CHAR) {
-    KeyEvent key = KeyEventFrom(wParam);
+    KeyEvent key = KeyEventFrom(wParam, lParam);
     KeyPress.Raise(key);
     if (key.handled) return 0;
     if (wParam == kCtrlA) {
       SelectAll();
       return 0;
     }
+    // The system's box would take this for a letter.
+    if (wParam == kCtrlBackspace) return 0;
     // A single line has no use for these and would beep.
     const bool isEnterOrEscape = wParam == VK_RETURN || wParam == VK_ESCAPE;
     if (kind_ == TextBoxKind::SingleLine && isEnterOrEscape) return 0;

@@ -2,11 +2,13 @@
 
 #include <commctrl.h>
 
+#include "ui/Dpi.h"
+
 namespace tallyrun {
 namespace {
 
-// Long tips wrap at this many pixels instead of running off the screen.
-constexpr LPARAM kWidestTip = 480;
+// Long tips wrap at this many pixels (at 96 DPI) instead of running off the screen.
+constexpr int kWidestTip = 480;
 
 TOOLINFOA ToolOf(HWND form, HWND control) {
   TOOLINFOA tool = {};
@@ -27,7 +29,7 @@ void ToolTips::Set(HWND form, HWND control, const std::string& text) {
                             WS_POPUP | TTS_ALWAYSTIP | TTS_NOPREFIX, CW_USEDEFAULT, CW_USEDEFAULT,
                             CW_USEDEFAULT, CW_USEDEFAULT, form, nullptr, GetModuleHandleA(nullptr),
                             nullptr);
-    SendMessageA(tips_, TTM_SETMAXTIPWIDTH, 0, kWidestTip);
+    ApplyFont(font_, dpi_);
   }
   TOOLINFOA tool = ToolOf(form, control);
   std::string copy = text;
@@ -41,8 +43,12 @@ void ToolTips::Remove(HWND form, HWND control) {
   SendMessageA(tips_, TTM_DELTOOLA, 0, reinterpret_cast<LPARAM>(&tool));
 }
 
-void ToolTips::ApplyFont(HFONT font) {
-  if (tips_ != nullptr) SendMessageA(tips_, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+void ToolTips::ApplyFont(HFONT font, int dpi) {
+  font_ = font;
+  dpi_ = dpi;
+  if (tips_ == nullptr) return;
+  SendMessageA(tips_, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
+  SendMessageA(tips_, TTM_SETMAXTIPWIDTH, 0, ScaleForDpi(kWidestTip, dpi));
 }
 
 }  // namespace tallyrun

@@ -15,9 +15,11 @@ class ToolTips {
   void Remove(HWND form, HWND control);
   // The tip window went with its form.
   void Forget() { tips_ = nullptr; }
-  void ApplyFont(HFONT font);
+  void ApplyFont(HFONT font, int dpi);
 
  private:
+  HFONT font_ = nullptr;  // the form's
+  int dpi_ = 96;
   HWND tips_ = nullptr;  // owned by the form's window and destroyed with it
 };
 

@@ -203,6 +203,11 @@ void FtpClient::Get(const Words& words) {
   }
   file.close();
   data.reset();
+  if (!file) {
+    output_ << "Error writing local file " << local << "." << std::endl;
+    replies_->Read();  // as above
+    return;
+  }
   if (ShowReply().IsCompletion()) ShowAmount(received, "received");
 }
 

@@ -3,6 +3,7 @@
 
 #include "holding/CheckHoldings.h"
 #include "holding/frmHoldingMessage.h"
+#include "holding/frmHoldingMessageIds.h"
 #include "tests/support/RecordingPlatform.h"
 
 namespace tallyrun::testing {
@@ -32,7 +33,7 @@ class WhenShown {
   static constexpr UINT kPollMilliseconds = 10;
 
   static void CALLBACK Poll(HWND, UINT, UINT_PTR, DWORD) {
-    const HWND window = FindWindowA("frmHoldingMessage", nullptr);
+    const HWND window = FindWindowA(frmHoldingMessageIds::kWindowClass, nullptr);
     if (!pending || !IsWindowVisible(window)) return;
     std::exchange(pending, nullptr)(window);
   }
@@ -64,7 +65,7 @@ TEST_F(frmHoldingMessageTest, ShowsTheTextOfNowUntilTheClerkClosesIt) {
     const WhenShown whenShown([&](HWND window) {
       EXPECT_EQ(TextOf(window), "Tallyrun v1.0 : Holding Balance Message.");
       EXPECT_FALSE(IsWindowEnabled(owner.Handle()));
-      const HWND message = GetDlgItem(window, frmHoldingMessage::kMessageId);
+      const HWND message = GetDlgItem(window, frmHoldingMessageIds::kTxtMessage);
       EXPECT_EQ(TextOf(message), text);
       constexpr LONG kLinesToRead = ES_MULTILINE | ES_READONLY;
       EXPECT_EQ(GetWindowLongA(message, GWL_STYLE) & kLinesToRead, kLinesToRead);
@@ -72,7 +73,7 @@ TEST_F(frmHoldingMessageTest, ShowsTheTextOfNowUntilTheClerkClosesIt) {
       const auto handle = reinterpret_cast<HFONT>(SendMessageA(message, WM_GETFONT, 0, 0));
       GetObjectA(handle, sizeof font, &font);
       EXPECT_STREQ(font.lfFaceName, "Lucida Console");
-      PostMessageA(message, WM_KEYDOWN, VK_ESCAPE, 1);
+      PostMessageA(window, WM_CLOSE, 0, 0);
     });
     form.ShowFresh(&owner);
     EXPECT_FALSE(form.IsLoaded());

@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include "settings/frmSettings.h"
+#include "settings/frmSettingsIds.h"
 #include "tests/support/FormDriver.h"
 #include "tests/support/RecordingPlatform.h"
 #include "tests/support/TempFolder.h"
@@ -67,14 +68,14 @@ TEST_F(frmSettingsTest, BrowseTakesTheFolderAndCancelKeepsTheTypedOne) {
 TEST_F(frmSettingsTest, OpensAtStartUpWithNoOwnerAndReturnsWhenClosed) {
   // Posted ahead of the dialog's own loop, to the thread, as no window exists yet.
   const auto closeWhenShown = [](HWND, UINT, UINT_PTR timer, DWORD) {
-    const HWND dialog = FindWindowA("frmSettings", nullptr);
+    const HWND dialog = FindWindowA(frmSettingsIds::kWindowClass, nullptr);
     if (dialog == nullptr || !IsWindowVisible(dialog)) return;
     KillTimer(nullptr, timer);
     PostMessageA(dialog, WM_CLOSE, 0, 0);
   };
   SetTimer(nullptr, 0, USER_TIMER_MINIMUM, closeWhenShown);
   OpenSettingsDialog();
-  EXPECT_EQ(FindWindowA("frmSettings", nullptr), nullptr);
+  EXPECT_EQ(FindWindowA(frmSettingsIds::kWindowClass, nullptr), nullptr);
 }
 
 TEST_F(frmSettingsTest, EveryControlIsInsideTheWindowAtEveryDpi) {

@@ -23,8 +23,9 @@ TEST(BatchRunTest, RunsTheClientInTheWorkingFolderAndGivesBackWhatItPrints) {
     CreateFolder(folder / name);
     const std::string client = Settings.backupLocation + "ftp.exe";
     ASSERT_TRUE(CopyFileA(TALLYRUN_FTP_CLIENT, client.c_str(), TRUE)) << GetLastError();
-    EXPECT_EQ(RunFtpScript("get file\r\nbye"), "ftp> get file\r\nNot connected.\r\nftp> bye\r\n");
-    RemoveFtpFiles();
+    EXPECT_EQ(RunFtpScript(Settings.backupLocation, "get file\r\nbye"),
+              "ftp> get file\r\nNot connected.\r\nftp> bye\r\n");
+    RemoveFtpFiles(Settings.backupLocation);
     EXPECT_EQ(ListFiles(Settings.backupLocation + "*"), std::vector<std::string>{"ftp.exe"});
   }
   Settings = {};

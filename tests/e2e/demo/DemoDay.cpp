@@ -43,20 +43,37 @@ void WaitForCaption(DemoDay& day, const std::string& caption) {
 
 void EditCurrentRow(DemoDay& day, int column, const std::string& text,
                     const std::string& pictureName) {
-  const OpenWindow window = day.Main();
-  window.TabTo(frmMainIds::kFlxEntries);
+  day.Main().TabTo(frmMainIds::kFlxEntries);
   PressKey(VK_HOME);
   PressKeys(VK_RIGHT, column);
-  PressKey(VK_RETURN);
-  if (!Holds([&] { return window.IsVisible(frmMainIds::kTxtEditor); })) {
+  EditCurrentCell(day, day.Main(), frmMainIds::kTxtEditor, text, pictureName);
+}
+
+void EditCurrentCell(DemoDay& day, const OpenWindow& window, int editorId, const std::string& text,
+                     const std::string& pictureName) {
+  if (!window.IsVisible(editorId)) PressKey(VK_RETURN);
+  if (!Holds([&] { return window.IsVisible(editorId); })) {
     throw DriverError("No editor opens over the cell.");
   }
   TypeText(text);
   day.TakePicture(pictureName);
   PressKey(VK_RETURN);
-  if (!Holds([&] { return !window.IsVisible(frmMainIds::kTxtEditor); })) {
+  if (!Holds([&] { return !window.IsVisible(editorId); })) {
     throw DriverError("The editor does not close.");
   }
+}
+
+void LookAtTextEditor(DemoDay& day, const std::string& file, const std::string& pictureName) {
+  const OpenWindow editor = WindowOfClass("Notepad");
+  if (!Holds([&] {
+        return GetForegroundWindow() == editor.Handle() && editor.Caption().starts_with(file);
+      })) {
+    throw DriverError("No text editor shows " + file + " but '" + editor.Caption() + "'");
+  }
+  day.TakePicture(pictureName);
+  day.Say("   window \"" + editor.Caption() + "\"");
+  PostMessageA(editor.Handle(), WM_CLOSE, 0, 0);
+  if (!Holds([&] { return !editor.IsOpen(); })) throw DriverError("The editor stays open.");
 }
 
 }  // namespace tallyrun::testing

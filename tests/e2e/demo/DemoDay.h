@@ -40,6 +40,12 @@ void WaitForCaption(DemoDay& day, const std::string& caption);
 void EditCurrentRow(DemoDay& day, int column, const std::string& text,
                     const std::string& pictureName);
 
+// Opens the editor of the current cell unless it is open, types, and confirms after a picture.
+void EditCurrentCell(DemoDay& day, const OpenWindow& window, int editorId, const std::string& text,
+                     const std::string& pictureName);
+// Waits for the system's text editor with a file, takes its picture and closes it.
+void LookAtTextEditor(DemoDay& day, const std::string& file, const std::string& pictureName);
+
 inline constexpr int kQuantityColumn = 11;
 
 struct DemoStep {
@@ -53,5 +59,7 @@ const std::vector<DemoStep>& EntrySheetSteps();
 const std::vector<DemoStep>& SendSteps();
 // A Pay Out day, and back to the Pay In file.
 const std::vector<DemoStep>& PayOutSteps();
+// The master lists, their backups and their exchange, and the new account in the sheet.
+const std::vector<DemoStep>& ListSteps();
 
 }  // namespace tallyrun::testing

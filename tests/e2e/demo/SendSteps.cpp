@@ -27,7 +27,7 @@ void FindShortfall(DemoDay& day) {
   // The first of the rows is selected; what the account holds is what it can deliver.
   const std::string before = "Holding balance : ";
   const size_t balance = message.find(before) + before.size();
-  PressKey(VK_ESCAPE);
+  PressKey(VK_F4, {VK_MENU});
   day.Clerk().WaitUntilClosed(kMessageTitle);
   EditCurrentRow(day, kQuantityColumn,
                  message.substr(balance, message.find("\r\n", balance) - balance), "correct-row");
@@ -58,15 +58,7 @@ void SendAgain(DemoDay& day) {
   day.Clerk().Answer("Yes");
   day.Clerk().ChooseFile(kHoldingDialog, day.File("import\\corrected\\11DPA6UX.TXT"));
   day.Answer("already-sent", "OK");
-  const OpenWindow editor = WindowOfClass("Notepad");
-  Holds([&] {
-    return GetForegroundWindow() == editor.Handle() &&
-           editor.Caption().starts_with("05-Jan-2010_PI_410275.txt");
-  });
-  day.TakePicture("sent-file");
-  day.Say("   window \"" + editor.Caption() + "\"");
-  PostMessageA(editor.Handle(), WM_CLOSE, 0, 0);
-  Holds([&] { return !editor.IsOpen(); });
+  LookAtTextEditor(day, "05-Jan-2010_PI_410275.txt", "sent-file");
   WaitForCaption(day, "Tallyrun v1.0 : Pay In");
 }
 

@@ -13,7 +13,7 @@ namespace {
 bool Work(DemoDay& day, bool stay) {
   try {
     int number = 0;
-    for (const auto* steps : {&EntrySheetSteps(), &SendSteps(), &PayOutSteps()}) {
+    for (const auto* steps : {&EntrySheetSteps(), &SendSteps(), &PayOutSteps(), &ListSteps()}) {
       for (const DemoStep& step : *steps) {
         day.Say(std::to_string(++number) + ". " + step.title);
         step.work(day);
