@@ -2,90 +2,57 @@
 
 #include "core/GridRows.h"
 #include "tests/support/GridText.h"
-#include "tests/support/RecordingPlatform.h"
+#include "tests/support/ProgramFixture.h"
 
-namespace tallyrun {
+namespace tallyrun::testing {
 namespace {
 
 using ::testing::ElementsAre;
-using testing::FillRows;
-using testing::RecordingPlatform;
-using testing::RowsOf;
 
-class GridRowsTest : public ::testing::Test {
- protected:
-  GridRowsTest() {
-    grid.SetCols(3);
-    FillRows(grid, {"1||"});
-  }
-
-  FlexGrid grid;
-  RecordingPlatform platform;
+struct GridRowsTest : ProgramFixture {
+  GridRowsTest() { grid.SetCols(3); }
 };
 
 TEST_F(GridRowsTest, OneBlankRowIsEmptyAndTwoAreNot) {
-  EXPECT_TRUE(IsGridEmpty(grid));
-  FillRows(grid, {"7|  | "});  // the serial number is not looked at, blanks do not count
-  EXPECT_TRUE(IsGridEmpty(grid));
-  FillRows(grid, {"||\t"});
-  EXPECT_FALSE(IsGridEmpty(grid));
-  FillRows(grid, {"||", "||"});
-  EXPECT_FALSE(IsGridEmpty(grid));
-  grid.SetRows(1);
-  EXPECT_TRUE(IsGridEmpty(grid));
+  const std::pair<std::vector<std::string>, bool> cases[] = {
+      {{}, true}, {{"7|  | "}, true}, {{"||\t"}, false}, {{"||", "||"}, false}};
+  for (const auto& [rows, empty] : cases) {
+    FillRows(grid, rows);
+    EXPECT_EQ(IsGridEmpty(grid), empty) << ::testing::PrintToString(rows);
+  }
+  FillRows(grid, {"1||"});
+  DeleteSelectedRows(grid);
+  EXPECT_TRUE(platform.messages.empty());
 }
 
 TEST_F(GridRowsTest, AnAddedRowIsNumberedCurrentAndOnTop) {
-  grid.SetCol(2);
-  AddEntryRow(grid);
+  for (int row = 1; row <= 2; ++row) AddEntryRow(grid);
   EXPECT_THAT(RowsOf(grid), ElementsAre("1||", "2||"));
-  EXPECT_EQ(grid.Row(), 2);
-  EXPECT_EQ(grid.Col(), 1);
-  EXPECT_EQ(grid.RowSel(), 2);
+  EXPECT_EQ(std::vector({grid.Row(), grid.Col(), grid.RowSel()}), std::vector({2, 1, 2}));
   EXPECT_TRUE(grid.IsRowVisible(2));
-  grid.SetRows(1);
-  AddEntryRow(grid);
+  grid.SetText(2, 2, "x");
+  ClearEntryGrid(grid);
   EXPECT_THAT(RowsOf(grid), ElementsAre("1||"));
 }
 
-TEST_F(GridRowsTest, DeletingAsksFirstAndNotAtAllOnAnEmptyGrid) {
-  DeleteSelectedRows(grid);
-  EXPECT_TRUE(platform.messages.empty());
-
-  FillRows(grid, {"1|a|", "2|b|"});
-  grid.SetRow(1);
+TEST_F(GridRowsTest, DeletingAsksFirstAndKeepsTheOtherRowsInOrderAndNumbered) {
+  const std::vector<std::string> rows = {"1|a|", "2|b|", "3|c|", "4|d|", "5|e|"};
+  FillRows(grid, rows);
   DeleteSelectedRows(grid);
   EXPECT_EQ(platform.TakeMessage(),
             (Message{"Are you sure to delete the selected record(s)?", "Delete Confirmation",
                      MessageIcon::Critical, MessageButtons::YesNo}));
-  EXPECT_THAT(RowsOf(grid), ElementsAre("1|a|", "2|b|"));
-}
-
-struct DeleteCase {
-  const char* name;
-  std::vector<std::string> rows;
-  int row;
-  int rowSel;
-  std::vector<std::string> left;
-};
-
-TEST_F(GridRowsTest, DeletingKeepsTheOtherRowsInOrderAndNumbered) {
-  const DeleteCase cases[] = {
-      {"the only row is blanked, its number kept", {"1|a|b"}, 1, 1, {"1||"}},
-      {"all rows, downward", {"1|a|", "2|b|", "3|c|"}, 1, 3, {"1||"}},
-      {"all rows, upward", {"1|a|", "2|b|", "3|c|"}, 3, 1, {"1||"}},
-      {"to the last row", {"1|a|", "2|b|", "3|c|"}, 2, 3, {"1|a|"}},
-      {"a middle block", {"1|a|", "2|b|", "3|c|", "4|d|", "5|e|"}, 2, 3, {"1|a|", "2|d|", "3|e|"}},
-      {"a middle block, upward, longer than the rest",
-       {"1|a|", "2|b|", "3|c|", "4|d|", "5|e|"},
-       4,
-       2,
-       {"1|a|", "2|e|"}},
-      {"the first row", {"1|a|", "2|b|"}, 1, 1, {"1|b|"}},
-  };
-  for (const DeleteCase& each : cases) {
-    SCOPED_TRACE(each.name);
-    FillRows(grid, each.rows);
+  EXPECT_EQ(RowsOf(grid), rows);
+  const struct {
+    int row, rowSel;
+    std::vector<std::string> left;
+  } cases[] = {{1, 5, {"1||"}},
+               {5, 1, {"1||"}},
+               {4, 5, {"1|a|", "2|b|", "3|c|"}},
+               {4, 2, {"1|a|", "2|e|"}},
+               {1, 1, {"1|b|", "2|c|", "3|d|", "4|e|"}}};
+  for (const auto& each : cases) {
+    FillRows(grid, rows);
     grid.SetRow(each.row);
     grid.SetRowSel(each.rowSel);
     platform.answers = {MessageAnswer::Yes};
@@ -95,22 +62,5 @@ TEST_F(GridRowsTest, DeletingKeepsTheOtherRowsInOrderAndNumbered) {
   }
 }
 
-TEST_F(GridRowsTest, ClearingLeavesOneBlankNumberedRow) {
-  FillRows(grid, {"5|a|b", "6|c|d"});
-  ClearEntryGrid(grid);
-  EXPECT_THAT(RowsOf(grid), ElementsAre("1||"));
-}
-
-TEST_F(GridRowsTest, ColumnsOnlyGrow) {
-  grid.SetMeasurer(TextMeasurer::FixedWidth(100));
-  grid.SetColWidth(1, 500);
-  grid.SetText(1, 1, "abc");
-  FitColumnWidth(grid, 1, 1);
-  EXPECT_EQ(grid.ColWidth(1), 500);
-  grid.SetText(1, 1, "abcd");
-  FitColumnWidth(grid, 1, 1);
-  EXPECT_EQ(grid.ColWidth(1), 600);
-}
-
 }  // namespace
-}  // namespace tallyrun
+}  // namespace tallyrun::testing

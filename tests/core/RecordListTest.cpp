@@ -1,5 +1,6 @@
 #include <algorithm>
-#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <random>
 
 #include "core/Conversion.h"
 #include "core/RecordList.h"
@@ -8,18 +9,17 @@
 namespace tallyrun {
 namespace {
 
-using ::testing::ElementsAre;
-
-RecordList ListOf(std::string text, int fields = 4) {
+RecordList ListOf(std::string text) {
   RecordList list;
-  RecordList::Read(list, std::move(text), fields, false);
+  RecordList::Read(list, std::move(text), 4, false);
   return list;
 }
 
-std::vector<std::string> Record(const RecordList& list, int record) {
-  std::vector<std::string> fields;
+// The fields of a record joined by "|".
+std::string Record(const RecordList& list, int record) {
+  std::string fields;
   for (int field = 1; field <= list.FieldCount(record); ++field) {
-    fields.emplace_back(list.Field(record, field));
+    fields += (field > 1 ? "|" : "") + std::string(list.Field(record, field));
   }
   return fields;
 }
@@ -27,125 +27,74 @@ std::vector<std::string> Record(const RecordList& list, int record) {
 TEST(RecordListTest, EveryLineIsARecordTheHeaderIncluded) {
   const RecordList list = ListOf("S/N~ID~Name~Code\r\n1~a~~d\r\nalone\r\n2~b~c~d~more\r\n");
   ASSERT_EQ(list.Count(), 5);
-  EXPECT_THAT(Record(list, 1), ElementsAre("S/N", "ID", "Name", "Code"));
-  EXPECT_THAT(Record(list, 2), ElementsAre("1", "a", "", "d"));
-  EXPECT_THAT(Record(list, 3), ElementsAre("alone"));
-  EXPECT_THAT(Record(list, 4), ElementsAre("2", "b", "c", "d"));
-  EXPECT_THAT(Record(list, 5), ElementsAre(""));
+  EXPECT_EQ(Record(list, 1), "S/N|ID|Name|Code");
+  EXPECT_EQ(Record(list, 2), "1|a||d");
+  EXPECT_EQ(Record(list, 4), "2|b|c|d");
+  EXPECT_EQ(Record(list, 5), "");
   EXPECT_THROW(list.Field(3, 2), RuntimeError);
   EXPECT_THROW(list.Field(6, 1), RuntimeError);
   EXPECT_THROW(list.Field(0, 1), RuntimeError);
 }
 
-TEST(RecordListTest, ShortLineEndsTheReadAndTheRecordsBeforeItStay) {
+TEST(RecordListTest, AShortLineEndsTheReadAndRepairTakesCarriageReturnsOutOfTheLastField) {
   RecordList list = ListOf("old~old~old~old");
   EXPECT_THROW(RecordList::Read(list, "1~a~b~c\r\n2~a~b\r\n3~a~b~c", 4, true), RuntimeError);
   ASSERT_EQ(list.Count(), 1);
-  EXPECT_THAT(Record(list, 1), ElementsAre("1", "a", "b", "c"));
   EXPECT_EQ(list.FindEqual(2, "a"), 1);
-}
-
-TEST(RecordListTest, RepairTakesCarriageReturnsOutOfTheLastFieldAlone) {
-  RecordList list;
+  EXPECT_EQ(list.FindEqual(2, "old"), 0);
   RecordList::Read(list, "1~a~b~c\r\r\n2~a~b\r~c\r\r", 4, true);
-  EXPECT_THAT(Record(list, 1), ElementsAre("1", "a", "b", "c\r"));
-  EXPECT_THAT(Record(list, 2), ElementsAre("2", "a", "b\r", "c"));
+  EXPECT_EQ(Record(list, 1), "1|a|b|c\r");
+  EXPECT_EQ(Record(list, 2), "2|a|b\r|c");
   for (const char* text : {"", "1~a~b~c\r\n", "alone"}) {
     EXPECT_THROW(RecordList::Read(list, text, 4, true), RuntimeError) << text;
   }
-  EXPECT_THAT(Record(list, 1), ElementsAre("alone"));
+  EXPECT_EQ(Record(list, 1), "alone");
 }
 
-TEST(RecordListTest, EqualityIsExactAndTheFirstRecordWins) {
-  const RecordList list = ListOf("S/N~ID~Name~Code\r\n1~A~x~c\r\n2~a~x~\r\nshort\r\n3~A~y~c\r");
-  EXPECT_EQ(list.FindEqual(2, "A"), 2);
-  EXPECT_EQ(list.FindEqual(2, "a"), 3);
+TEST(RecordListTest, SearchesStayWithinTheFieldTheyAreAskedFor) {
+  const RecordList list = ListOf("S/N~ID~Name~Code\r\n1~KTX1~n~a\r\nshort\r\n2~ktx2~n~\xC9T\r");
   EXPECT_EQ(list.FindEqual(2, "ID"), 1);
-  EXPECT_EQ(list.FindEqual(4, "c\r"), 5);
-  EXPECT_EQ(list.FindEqual(4, ""), 3);
-  EXPECT_EQ(list.FindEqual(2, ""), 0);
+  EXPECT_EQ(list.FindEqual(4, "\xC9T\r"), 4);
   EXPECT_EQ(list.FindEqual(2, "short"), 0);
-  EXPECT_EQ(list.FindEqual(5, "c"), 0);
-  EXPECT_EQ(RecordList().FindEqual(2, "A"), 0);
-}
-
-TEST(RecordListTest, EqualityCanPassOverCarriageReturns) {
-  const RecordList list = ListOf("1~a~b~\rc\r1\r\n2~a~b~c1\r\n3~a~b~\r");
-  EXPECT_EQ(list.FindEqualWithoutCr(4, "c1"), 1);
-  EXPECT_EQ(list.FindEqualWithoutCr(4, ""), 3);
-  EXPECT_EQ(list.FindEqualWithoutCr(4, "c1\r"), 0);
-  EXPECT_EQ(list.FindEqual(4, "c1"), 2);
-}
-
-TEST(RecordListTest, ContainingIgnoresCaseAndStaysWithinOneField) {
-  const RecordList list = ListOf(
-      "S/N~ISIN "
-      "Code~Name~Scrip\r\n1~KTX001~n~ABCABC\r\nshort\r\n2~ktx002~n~\xC9TAT\r\n3~KTX0022~n~ab");
-  EXPECT_EQ(list.FindContaining(2, "ktx00"), 2);
-  EXPECT_EQ(list.FindContaining(2, "KTX002"), 4);
-  EXPECT_EQ(list.FindContaining(2, "X0022"), 5);
-  EXPECT_EQ(list.FindContaining(2, "X0022"), 5);
-  EXPECT_EQ(list.FindContaining(2, "n c"), 1);
-  EXPECT_EQ(list.FindContaining(2, ""), 1);
-  EXPECT_EQ(list.FindContaining(2, "1k"), 0);
-  EXPECT_EQ(list.FindContaining(2, "001ktx"), 0);
-  EXPECT_EQ(list.FindContaining(2, "001~ktx"), 0);
+  EXPECT_EQ(list.FindEqual(5, "a"), 0);
   EXPECT_EQ(list.FindContaining(4, "\xE9t"), 4);
-  EXPECT_EQ(list.FindContaining(4, "bca"), 2);
+  for (const char* across : {"1k", "1ktx", "1~n"}) EXPECT_EQ(list.FindContaining(2, across), 0);
   EXPECT_EQ(list.FindContaining(9, ""), 0);
   EXPECT_EQ(RecordList().FindContaining(2, ""), 0);
-}
-
-TEST(RecordListTest, NewTextIsSearchedAnew) {
-  RecordList list = ListOf("1~aaa~b~c");
-  EXPECT_EQ(list.FindContaining(2, "bbb"), 0);
-  EXPECT_EQ(list.FindEqual(2, "bbb"), 0);
-  RecordList::Read(list, "1~bbb~b~c", 4, false);
-  EXPECT_EQ(list.FindContaining(2, "BBB"), 1);
-  EXPECT_EQ(list.FindEqual(2, "bbb"), 1);
+  EXPECT_EQ(RecordList().FindEqual(2, ""), 0);
 }
 
 // Every search of a list that is large beside its alphabet, against a plain walk.
 TEST(RecordListTest, SearchesAgreeWithAWalkFromTheTop) {
-  std::string text;
-  std::uint32_t state = 1;
-  const auto next = [&state](std::uint32_t below) {
-    state = state * 1664525 + 1013904223;
-    return (state >> 16) % below;
-  };
-  const auto word = [&](std::uint32_t longest) {
+  std::mt19937 random(1);
+  const auto word = [&](std::size_t longest) {
     std::string letters;
-    for (std::uint32_t left = next(longest + 1); left > 0; --left) letters += "aBcC\r"[next(5)];
+    for (std::size_t left = random() % (longest + 1); left > 0; --left) {
+      letters += "aBcC\r"[random() % 5];
+    }
     return letters;
   };
-  struct Walked {
-    std::string field;
-    std::string withoutCr;
-    std::string folded;
-  };
-  std::vector<Walked> walked;
+  std::vector<std::string> fields;
+  std::string text;
   for (int record = 0; record < 300; ++record) {
-    const std::string field = word(7);
-    std::string withoutCr = field;
-    std::erase(withoutCr, '\r');
-    walked.push_back({field, withoutCr, ToLower(field)});
-    text += "1~" + field + "~x~y\r\n";
+    fields.push_back(word(7));
+    text += "1~" + fields.back() + "~x~y\r\n";
   }
   const RecordList list = ListOf(text);
   const auto firstWith = [&](const auto& matches) {
-    const auto found = std::find_if(walked.begin(), walked.end(), matches);
-    return found == walked.end() ? 0 : static_cast<int>(found - walked.begin()) + 1;
+    const auto found = std::find_if(fields.begin(), fields.end(), matches);
+    return found == fields.end() ? 0 : static_cast<int>(found - fields.begin()) + 1;
   };
-
   for (int search = 0; search < 500; ++search) {
     const std::string wanted = word(4);
-    const std::string folded = ToLower(wanted);
     ASSERT_EQ(list.FindEqual(2, wanted),
-              firstWith([&](const Walked& each) { return each.field == wanted; }));
-    ASSERT_EQ(list.FindEqualWithoutCr(2, wanted),
-              firstWith([&](const Walked& each) { return each.withoutCr == wanted; }));
-    ASSERT_EQ(list.FindContaining(2, wanted), firstWith([&](const Walked& each) {
-                return each.folded.find(folded) != std::string::npos;
+              firstWith([&](const std::string& field) { return field == wanted; }));
+    ASSERT_EQ(list.FindEqualWithoutCr(2, wanted), firstWith([&](std::string field) {
+                std::erase(field, '\r');
+                return field == wanted;
+              }));
+    ASSERT_EQ(list.FindContaining(2, wanted), firstWith([&](const std::string& field) {
+                return ToLower(field).find(ToLower(wanted)) != std::string::npos;
               }));
   }
 }

@@ -1,23 +1,12 @@
-#include <gmock/gmock.h>
-
-#include "core/EntryRow.h"
 #include "core/Lookups.h"
 #include "core/RowChecks.h"
 #include "tests/support/GridText.h"
-#include "tests/support/RecordingPlatform.h"
+#include "tests/support/ProgramFixture.h"
 
-namespace tallyrun {
+namespace tallyrun::testing {
 namespace {
 
-using testing::FillRows;
-using testing::RecordingPlatform;
-
-Message Refusal(const std::string& text, const std::string& title) {
-  return {text, title, MessageIcon::Critical, MessageButtons::Ok};
-}
-
-class RowChecksTest : public ::testing::Test {
- protected:
+struct RowChecksTest : ProgramFixture {
   RowChecksTest() {
     grid.SetCols(EntryColumn::kCount);
     for (int col = 0; col < grid.Cols(); ++col) {
@@ -26,37 +15,23 @@ class RowChecksTest : public ::testing::Test {
     FillRows(grid, std::vector<std::string>(5, "1|a|b|c|d|e|f|g|h|i|j|k|I1"));
     EntryMode = kPayIn;
   }
-  ~RowChecksTest() override { EntryMode = {}; }
-
-  FlexGrid grid;
-  RecordingPlatform platform;
 };
 
-TEST_F(RowChecksTest, RowsThatAreInOrderPassAndShowNothing) {
-  EXPECT_FALSE(HasMissingField(grid));
-  EXPECT_FALSE(HasUnknownBoid(grid));
-  EXPECT_FALSE(HasUnknownIsin(grid));
-  EXPECT_FALSE(HasWrongInternalRefPrefix(grid));
-  EXPECT_TRUE(platform.messages.empty());
-}
-
 TEST_F(RowChecksTest, TheLeftmostColumnWithABlankIsReportedAndItsCellShown) {
-  grid.SetText(3, EntryColumn::kQuantity, "");
-  grid.SetText(5, EntryColumn::kClientCode, "   ");
   grid.SetText(2, EntryColumn::kSerial, "");      // never looked at
   grid.SetText(1, EntryColumn::kBrokerId, "\t");  // no blank
+  EXPECT_FALSE(HasMissingField(grid));
+  grid.SetText(3, EntryColumn::kQuantity, "");
+  grid.SetText(5, EntryColumn::kClientCode, "   ");
   grid.SetPageRows(2);
   grid.SetLeftCol(EntryColumn::kIsinCode);
   EXPECT_TRUE(HasMissingField(grid));
-  EXPECT_EQ(platform.TakeMessage(),
-            Refusal("Client Code is not given in row number 5.", "Missing Client Code"));
+  EXPECT_EQ(platform.TakeMessage(), (Message{"Client Code is not given in row number 5.",
+                                             "Missing Client Code", MessageIcon::Critical}));
   EXPECT_EQ(grid.Col(), EntryColumn::kClientCode);
   EXPECT_EQ(grid.Row(), 5);
   EXPECT_TRUE(grid.IsRowVisible(5));
   EXPECT_LE(grid.LeftCol(), EntryColumn::kClientCode);
-}
-
-TEST_F(RowChecksTest, AColumnOutsideTheGridIsAnErrorShownInABox) {
   EXPECT_FALSE(CheckColumnFilled(grid, EntryColumn::kCount));
   EXPECT_EQ(platform.TakeMessage(), (Message{"Subscript out of range"}));
 }
@@ -66,30 +41,26 @@ TEST_F(RowChecksTest, UnknownNamesAreFoundByTheirMarkersAsTheyAreWritten) {
   grid.SetText(1, EntryColumn::kBoName, "bo name not found");
   grid.SetText(2, EntryColumn::kBoName, " BO NAME NOT FOUND");
   EXPECT_FALSE(HasUnknownBoid(grid));
+  EXPECT_FALSE(HasUnknownIsin(grid));
   grid.SetText(1, EntryColumn::kBoName, kBoNameNotFound);
   EXPECT_TRUE(HasUnknownBoid(grid));
-  EXPECT_EQ(platform.TakeMessage(),
-            Refusal("BOID is not entered correctly in row number 1.", "Invalid BOID"));
+  EXPECT_EQ(platform.TakeMessage().text, "BOID is not entered correctly in row number 1.");
   grid.SetText(2, EntryColumn::kIsinName, kIsinNameNotFound);
   EXPECT_TRUE(HasUnknownIsin(grid));
-  EXPECT_EQ(platform.TakeMessage(),
-            Refusal("ISIN Code is not entered correctly in row number 2.", "Invalid ISIN Code"));
+  EXPECT_EQ(platform.TakeMessage().text, "ISIN Code is not entered correctly in row number 2.");
 }
 
 TEST_F(RowChecksTest, ReferencesBeginWithTheLetterOfTheMode) {
+  EXPECT_FALSE(HasWrongInternalRefPrefix(grid));
   grid.SetText(3, EntryColumn::kInternalRef, "i123");
   EXPECT_TRUE(HasWrongInternalRefPrefix(grid));
-  EXPECT_EQ(platform.TakeMessage(),
-            Refusal("For Pay In entries Internal Ref. No. must start with \"I\" .\r\n"
-                    "Check row number 3.",
-                    "Invalid Internal Ref. No."));
+  EXPECT_EQ(platform.TakeMessage().text,
+            "For Pay In entries Internal Ref. No. must start with \"I\" .\r\nCheck row number 3.");
   EntryMode = kPayOut;
   EXPECT_TRUE(HasWrongInternalRefPrefix(grid));
-  EXPECT_EQ(platform.TakeMessage(),
-            Refusal("For Pay Out entries Internal Ref. No. must start with \"O\" .\r\n"
-                    "Check row number 1.",
-                    "Invalid Internal Ref. No."));
+  EXPECT_EQ(platform.TakeMessage().text,
+            "For Pay Out entries Internal Ref. No. must start with \"O\" .\r\nCheck row number 1.");
 }
 
 }  // namespace
-}  // namespace tallyrun
+}  // namespace tallyrun::testing

@@ -1,45 +1,15 @@
-#include <functional>
-#include <gtest/gtest.h>
-
 #include "holding/CheckHoldings.h"
 #include "holding/frmHoldingMessage.h"
 #include "holding/frmHoldingMessageIds.h"
-#include "tests/support/RecordingPlatform.h"
+#include "tests/support/ProgramFixture.h"
 
 namespace tallyrun::testing {
 namespace {
 
-class OwnerForm : public Form {
- public:
+struct OwnerForm : Form {
   OwnerForm() : Form("frmOwner") {}
-
- protected:
   void CreateControls() override {}
   void Layout(LayoutArea&) override {}
-};
-
-// Runs a step once the modal window is in sight.
-class WhenShown {
- public:
-  explicit WhenShown(std::function<void(HWND)> step) {
-    pending = std::move(step);
-    timer_ = SetTimer(nullptr, 0, kPollMilliseconds, Poll);
-  }
-  ~WhenShown() { KillTimer(nullptr, timer_); }
-  WhenShown(const WhenShown&) = delete;
-  WhenShown& operator=(const WhenShown&) = delete;
-
- private:
-  static constexpr UINT kPollMilliseconds = 10;
-
-  static void CALLBACK Poll(HWND, UINT, UINT_PTR, DWORD) {
-    const HWND window = FindWindowA(frmHoldingMessageIds::kWindowClass, nullptr);
-    if (!pending || !IsWindowVisible(window)) return;
-    std::exchange(pending, nullptr)(window);
-  }
-
-  static inline std::function<void(HWND)> pending;
-  UINT_PTR timer_;
 };
 
 std::string TextOf(HWND window) {
@@ -48,37 +18,35 @@ std::string TextOf(HWND window) {
   return text;
 }
 
-class frmHoldingMessageTest : public ::testing::Test {
- protected:
-  frmHoldingMessageTest() { owner.Show(); }
-  ~frmHoldingMessageTest() override { HoldingMessage.clear(); }
+std::string shown;
+bool ownerEnabled;
 
-  RecordingPlatform platform;
-  OwnerForm owner;
-  frmHoldingMessage form;
-};
+// Reads the modal window and closes it once it is in sight.
+void CALLBACK ReadAndClose(HWND owner, UINT, UINT_PTR, DWORD) {
+  const HWND window = FindWindowA(frmHoldingMessageIds::kWindowClass, nullptr);
+  if (!IsWindowVisible(window)) return;
+  const HWND message = GetDlgItem(window, frmHoldingMessageIds::kTxtMessage);
+  shown = TextOf(message);
+  ownerEnabled = IsWindowEnabled(owner) != FALSE;
+  PostMessageA(window, WM_CLOSE, 0, 0);
+}
+
+using frmHoldingMessageTest = ProgramFixture;
 
 TEST_F(frmHoldingMessageTest, ShowsTheTextOfNowUntilTheClerkClosesIt) {
-  const std::string longest(100'000, 'x');  // more than a text box holds by itself
-  for (const std::string& text : {std::string("first\r\nsecond\r\n"), longest}) {
+  OwnerForm owner;
+  frmHoldingMessage form;
+  owner.Show();
+  SetTimer(owner.Handle(), 1, 10, ReadAndClose);
+  // The second is more than a text box holds by itself.
+  for (const std::string& text : {std::string("first\r\nsecond\r\n"), std::string(100'000, 'x')}) {
     HoldingMessage = text;
-    const WhenShown whenShown([&](HWND window) {
-      EXPECT_EQ(TextOf(window), "Tallyrun v1.0 : Holding Balance Message.");
-      EXPECT_FALSE(IsWindowEnabled(owner.Handle()));
-      const HWND message = GetDlgItem(window, frmHoldingMessageIds::kTxtMessage);
-      EXPECT_EQ(TextOf(message), text);
-      constexpr LONG kLinesToRead = ES_MULTILINE | ES_READONLY;
-      EXPECT_EQ(GetWindowLongA(message, GWL_STYLE) & kLinesToRead, kLinesToRead);
-      LOGFONTA font = {};
-      const auto handle = reinterpret_cast<HFONT>(SendMessageA(message, WM_GETFONT, 0, 0));
-      GetObjectA(handle, sizeof font, &font);
-      EXPECT_STREQ(font.lfFaceName, "Lucida Console");
-      PostMessageA(window, WM_CLOSE, 0, 0);
-    });
     form.ShowFresh(&owner);
-    EXPECT_FALSE(form.IsLoaded());
+    EXPECT_EQ(shown, text);
+    EXPECT_FALSE(ownerEnabled);
     EXPECT_TRUE(IsWindowEnabled(owner.Handle()));
   }
+  HoldingMessage.clear();
 }
 
 }  // namespace

@@ -1,7 +1,6 @@
 list(APPEND portable_tests
   lists/ListBackupsTest.cpp
   lists/ListExchangeTest.cpp
-  lists/ListKindTest.cpp
   lists/ListRowsTest.cpp
 )
 list(APPEND windows_tests lists/frmListTest.cpp)

@@ -46,6 +46,8 @@ std::string TempFolder::Read(std::string_view name) const {
   return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
 }
 
+void TempFolder::Remove(std::string_view name) const { fs::remove(Native(name)); }
+
 bool TempFolder::Has(std::string_view name) const { return fs::exists(Native(name)); }
 
 int TempFolder::EntryCount() const {

@@ -24,12 +24,13 @@ class TempFolder {
   void Write(std::string_view name, std::string_view text) const;
   std::string Read(std::string_view name) const;
   bool Has(std::string_view name) const;
+  void Remove(std::string_view name) const;
   // How many files and folders lie in it.
   int EntryCount() const;
-
- private:
+  // The same path for std::filesystem.
   std::filesystem::path Native(std::string_view name) const;
 
+ private:
   std::filesystem::path root_;
 };
 

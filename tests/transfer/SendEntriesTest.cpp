@@ -1,217 +1,115 @@
 // A send against a machine whose FTP client is played by the test: what the routines write,
 // conclude, show and leave behind.
-#include <gmock/gmock.h>
-
-#include "core/EntryRow.h"
-#include "core/Settings.h"
-#include "tests/support/FakeBusyWindow.h"
 #include "tests/support/GridText.h"
-#include "tests/support/RecordingPlatform.h"
-#include "tests/support/TempFolder.h"
+#include "tests/support/ProgramFixture.h"
 #include "transfer/FtpScript.h"
 #include "transfer/SendEntries.h"
 
-namespace tallyrun {
+namespace tallyrun::testing {
 namespace {
 
-using testing::FakeBusyWindow;
-using testing::FillRows;
-using testing::RecordingPlatform;
-using testing::TempFolder;
-
-constexpr char kCaption[] = "Tallyrun v1.0 : Pay In";
 constexpr char kBusyCaption[] = "Tallyrun v1.0 : Pay In...Sending records to KTX...Please wait.";
 constexpr char kFileName[] = "05-Jan-2010_PI_123456.txt";
-constexpr char kNotThere[] = "550 The System cannot find the file specified.\r\n";
 constexpr char kComplete[] = "226 Transfer complete.\r\n";
-const Message kFileNotFound = {"File not found"};
 
-class SendEntriesTest : public ::testing::Test {
- protected:
+struct SendEntriesTest : ProgramFixture {
   SendEntriesTest() {
-    Settings.brokerId = "123456";
-    Settings.backupLocation = folder.Path();
     EntryMode = kPayIn;
     grid.SetCols(2);
     FillRows(grid, {"1|a"});
-    platform.onMessage = [this](const Message&) {
-      captionsOfBoxes.push_back(window.caption);
-      EXPECT_EQ(window.pointer, expectedPointer);
-    };
-  }
-  ~SendEntriesTest() override {
-    EntryMode = {};
-    Settings = {};
+    platform.onMessage = [this](const Message&) { captionOfBox = window.caption; };
   }
 
-  // The client prints `output`; `effect` is what it does to the working folder.
-  void PlayClient(
-      std::optional<std::string> output, std::function<void()> effect = [] {}) {
-    platform.onStart = [=, this](const std::string& commandLine,
-                                 WindowMode mode) -> std::unique_ptr<Process> {
-      if (commandLine.starts_with("notepad")) return nullptr;
-      EXPECT_EQ(commandLine, "\"" + (folder / "ftp2KTX.bat") + "\"");
-      EXPECT_EQ(mode, WindowMode::Hidden);
+  // The client prints `output`, and stores `localFile` when it has any.
+  void PlayClient(const std::optional<std::string>& output, std::optional<std::string> localFile) {
+    platform.started.clear();
+    platform.onPendingEvents = [=, this] {
       EXPECT_EQ(folder.Read("ftp2KTX.bat"), BatchText(folder.Path()));
       script = folder.Read("ftp2KTX.txt");
-      effect();
+      if (localFile) folder.Write(kFileName, *localFile);
       if (output) folder.Write("out.txt", *output);
-      struct Ended : Process {
-        std::optional<unsigned long> ExitCode() override { return 0; }
-      };
-      return std::make_unique<Ended>();
+      FillRows(grid, {"1|edited meanwhile"});
     };
   }
-
-  EntrySend NewSend() {
+  EntrySend NewSend(const std::string& cell = "a") {
     window.caption = kBusyCaption;
     window.pointer = PointerShape::Hourglass;
+    FillRows(grid, {"1|" + cell});
     return EntrySend(grid, Date{2010, 1, 5}, window, savedCaption);
   }
+  bool HasTransferFiles() { return folder.Has("ftp2KTX.txt") || folder.Has("out.txt"); }
 
-  void ExpectAtRest() {
-    EXPECT_EQ(window.caption, kCaption);
-    EXPECT_EQ(window.pointer, PointerShape::Normal);
-  }
-  void ExpectBusy() {
-    EXPECT_EQ(window.caption, kBusyCaption);
-    EXPECT_EQ(window.pointer, PointerShape::Hourglass);
-  }
-  bool HasTransferFiles() {
-    return folder.Has("ftp2KTX.txt") || folder.Has("ftp2KTX.bat") || folder.Has("out.txt");
-  }
-
-  TempFolder folder;
-  RecordingPlatform platform;
-  FlexGrid grid;
-  FakeBusyWindow window;
-  std::string savedCaption = kCaption;
-  PointerShape expectedPointer = PointerShape::Normal;
-  std::vector<std::string> captionsOfBoxes;
-  std::string script;
+  std::string savedCaption = "Tallyrun v1.0 : Pay In", captionOfBox, script;
 };
 
 TEST_F(SendEntriesTest, TheQuestionNamesModeAndDay) {
   platform.answers = {MessageAnswer::Yes};
   EXPECT_TRUE(ConfirmSend({2010, 1, 5}));
-  EXPECT_EQ(platform.TakeMessage(),
-            (Message{"Are you sure to send the entered records to KTX as Pay In file of "
-                     "05-Jan-2010 ?",
-                     "Pay In of 05-Jan-2010 Send Confirmation", MessageIcon::Question,
-                     MessageButtons::YesNo}));
+  EXPECT_EQ(platform.TakeMessage().title, "Pay In of 05-Jan-2010 Send Confirmation");
   EXPECT_FALSE(ConfirmSend({2010, 1, 5}));
 }
 
-TEST_F(SendEntriesTest, AFileThatTheServerCannotFindMayBeSent) {
-  PlayClient(kNotThere);
-  EXPECT_FALSE(CheckAlreadySent(NewSend()));
-  EXPECT_EQ(script, AlreadySentScript("05-Jan-2010", kFileName));
-  EXPECT_FALSE(HasTransferFiles());
-  EXPECT_TRUE(platform.messages.empty());
-  ExpectBusy();
-}
-
-TEST_F(SendEntriesTest, AnyOtherReplyWithALocalFileMeansAlreadySent) {
-  for (const char* output : {kComplete, "Not connected.\r\n", ""}) {
-    SCOPED_TRACE(output);
-    platform.started.clear();
-    captionsOfBoxes.clear();
-    PlayClient(output, [this] { folder.Write(kFileName, "the server's copy"); });
-    EXPECT_TRUE(CheckAlreadySent(NewSend()));
-    EXPECT_EQ(platform.TakeMessage(),
-              (Message{"File already sent. Your sent file will be shown now.", "Tallyrun",
-                       MessageIcon::Critical, MessageButtons::Ok}));
-    EXPECT_THAT(captionsOfBoxes, ::testing::ElementsAre(kBusyCaption));
-    ASSERT_EQ(platform.started.size(), 2u);
-    EXPECT_EQ(platform.started[1].commandLine, "notepad \"" + (folder / kFileName) + "\"");
-    EXPECT_EQ(platform.started[1].mode, WindowMode::NormalFocus);
-    EXPECT_FALSE(HasTransferFiles());
-    EXPECT_EQ(folder.Read(kFileName), "the server's copy");
-    ExpectAtRest();
+TEST_F(SendEntriesTest, TheCheckStopsWhenTheFileIsThereOrNothingCouldBeFoundOut) {
+  const struct {
+    std::optional<std::string> output, localFile;
+    bool stops, filesLeft;
+    const char* message;
+  } cases[] = {
+      {"550 The System cannot find the file specified.\r\n", {}, false, false, ""},
+      {kComplete, "", false, true, ""},
+      {"Not connected.", {}, true, true, "File not found"},
+      {{}, {}, true, true, "File not found"},
+      {kComplete, "x", true, false, "File already sent. Your sent file will be shown now."},
+      {"", "x", true, false, "File already sent. Your sent file will be shown now."}};
+  for (const auto& each : cases) {
+    SCOPED_TRACE(each.output.value_or("no output") + each.message);
+    for (const char* name : {kFileName, "out.txt", "ftp2KTX.txt", "ftp2KTX.bat"}) {
+      folder.Remove(name);
+    }
+    PlayClient(each.output, each.localFile);
+    EXPECT_EQ(CheckAlreadySent(NewSend()), each.stops);
+    EXPECT_EQ(script, AlreadySentScript("05-Jan-2010", kFileName));
+    EXPECT_EQ(HasTransferFiles(), each.filesLeft);
+    EXPECT_EQ(each.stops ? platform.TakeMessage().text : "", each.message);
+    if (each.stops) ExpectWindow(savedCaption);
+    if (!each.stops) ExpectWindow(kBusyCaption, PointerShape::Hourglass);
   }
+  EXPECT_EQ(captionOfBox, kBusyCaption);
+  ASSERT_EQ(platform.started.size(), 2u);
+  EXPECT_EQ(platform.started[1].commandLine, "notepad \"" + (folder / kFileName) + "\"");
 }
 
-TEST_F(SendEntriesTest, AnEmptyLocalFileGoesOnAndLeavesTheTransferFiles) {
-  PlayClient(kComplete, [this] { folder.Write(kFileName, ""); });
-  EXPECT_FALSE(CheckAlreadySent(NewSend()));
-  EXPECT_TRUE(HasTransferFiles());
-  EXPECT_TRUE(platform.messages.empty());
-  ExpectBusy();
-}
-
-TEST_F(SendEntriesTest, WithoutALocalFileOrAnyOutputTheCheckFailsAndStops) {
-  for (const auto& output :
-       {std::optional<std::string>("Not connected."), std::optional<std::string>()}) {
-    PlayClient(output);
-    EXPECT_TRUE(CheckAlreadySent(NewSend()));
-    EXPECT_EQ(platform.TakeMessage(), kFileNotFound);
-    EXPECT_EQ(captionsOfBoxes.back(), kCaption);
-    ExpectAtRest();
-  }
-}
-
-struct VerdictCase {
-  const char* output;
-  int minute;
-  Message message;
-  const char* caption;  // while the box is up
-  const char* archive;
-};
-
-TEST_F(SendEntriesTest, TheUploadIsJudgedToldCleanedUpAndArchived) {
-  const VerdictCase cases[] = {
-      {kComplete,
-       7,
-       {"Records sent to KTX successfully.", "Send succeeded", MessageIcon::Information},
-       "Tallyrun v1.0 : Pay In...Records sent to KTX successfully.",
-       "Sent\\05-Jan-2010_PI_123456_06-Jan-10_04-07-55PM.txt"},
-      {"Login failed.\r\n",
-       8,
-       {"Records were not sent to KTX.", "Send failed", MessageIcon::Critical},
-       "Tallyrun v1.0 : Pay In...Records were not sent to KTX.",
-       "Sent\\05-Jan-2010_PI_123456_06-Jan-10_04-08-55PM.txt"},
-  };
-  for (const VerdictCase& each : cases) {
-    SCOPED_TRACE(each.output);
-    platform.now.minute = each.minute;
-    FillRows(grid, {"1|a"});
-    const EntrySend send = NewSend();
+TEST_F(SendEntriesTest, TheUploadIsJudgedToldCleanedUpAndArchivedWithoutReplacingAnother) {
+  const struct {
+    const char *output, *cell, *message, *archive;
+  } cases[] = {{kComplete, "a", "Records sent to KTX successfully.", "31-Dec-10_11-59-59PM.txt"},
+               {"Login failed.", "b", "Records were not sent to KTX.", "01-Jan-11_12-00-00AM.txt"},
+               {"", "c", "Records were not sent to KTX.", "01-Jan-11_12-00-01AM.txt"}};
+  platform.now = {2010, 12, 31, 23, 59, 59, 0};
+  for (const auto& each : cases) {
+    const EntrySend send = NewSend(each.cell);
+    const std::string sheet = std::string("~\r\n1~") + each.cell + "\r";
     WriteEntryFile(send);
-    PlayClient(each.output, [this] {
-      EXPECT_EQ(folder.Read(kFileName), "~\r\n1~a\r");
-      FillRows(grid, {"1|edited meanwhile"});
-    });
+    EXPECT_EQ(folder.Read(kFileName), sheet);
+    PlayClient(each.output, {});
     UploadEntryFile(send);
     EXPECT_EQ(script, SendScript("05-Jan-2010", kFileName));
-    EXPECT_EQ(platform.TakeMessage(), each.message);
-    EXPECT_EQ(captionsOfBoxes.back(), each.caption);
+    EXPECT_EQ(platform.TakeMessage().text, each.message);
+    EXPECT_EQ(captionOfBox, savedCaption + "..." + each.message);
     EXPECT_FALSE(HasTransferFiles());
-    // The archive holds what was sent, under the moment of the attempt.
-    EXPECT_EQ(folder.Read(each.archive), "~\r\n1~a\r");
-    ExpectAtRest();
+    // What was sent, whatever the clerk did meanwhile.
+    EXPECT_EQ(folder.Read(std::string("Sent\\05-Jan-2010_PI_123456_") + each.archive), sheet);
+    ExpectWindow(savedCaption);
   }
-}
-
-TEST_F(SendEntriesTest, NoAttemptReplacesAnotherInTheArchive) {
-  platform.now = {2010, 12, 31, 23, 59, 59, 0};
-  for (const char* cell : {"first", "second", "third"}) {
-    grid.SetText(1, 1, cell);
-    PlayClient("");
-    UploadEntryFile(NewSend());
-  }
-  EXPECT_EQ(folder.Read("Sent\\05-Jan-2010_PI_123456_31-Dec-10_11-59-59PM.txt"), "~\r\n1~first\r");
-  EXPECT_EQ(folder.Read("Sent\\05-Jan-2010_PI_123456_01-Jan-11_12-00-00AM.txt"), "~\r\n1~second\r");
-  EXPECT_EQ(folder.Read("Sent\\05-Jan-2010_PI_123456_01-Jan-11_12-00-01AM.txt"), "~\r\n1~third\r");
 }
 
 TEST_F(SendEntriesTest, AnErrorInTheUploadLeavesCaptionAndPointerAndArchivesNothing) {
-  expectedPointer = PointerShape::Hourglass;
-  PlayClient(std::nullopt);
+  PlayClient({}, {});
   UploadEntryFile(NewSend());
-  EXPECT_EQ(platform.TakeMessage(), kFileNotFound);
+  EXPECT_EQ(platform.TakeMessage().text, "File not found");
   EXPECT_FALSE(folder.Has("Sent"));
-  ExpectBusy();
+  ExpectWindow(kBusyCaption, PointerShape::Hourglass);
 }
 
 }  // namespace
-}  // namespace tallyrun
+}  // namespace tallyrun::testing

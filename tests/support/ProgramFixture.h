@@ -1,0 +1,40 @@
+// The program's surroundings in a test: the recorded platform, a Backup Location of its own, a
+// window at work and a grid. Puts the process-wide state back afterwards.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include "core/EntryRow.h"
+#include "core/FlexGrid.h"
+#include "core/Lists.h"
+#include "core/Settings.h"
+#include "lists/ListKind.h"
+#include "tests/support/FakeBusyWindow.h"
+#include "tests/support/RecordingPlatform.h"
+#include "tests/support/TempFolder.h"
+
+namespace tallyrun::testing {
+
+class ProgramFixture : public ::testing::Test {
+ protected:
+  ProgramFixture() { Settings = {"123456", "1201950000009999", "1201950000000000", folder.Path()}; }
+  ~ProgramFixture() override {
+    Settings = {};
+    EntryMode = {};
+    BoList = RecordList();
+    IsinList = RecordList();
+    CurrentListKind.clear();
+  }
+
+  void ExpectWindow(const std::string& caption, PointerShape pointer = PointerShape::Normal) {
+    EXPECT_EQ(window.caption, caption);
+    EXPECT_EQ(window.pointer, pointer);
+  }
+
+  TempFolder folder;
+  RecordingPlatform platform;
+  FakeBusyWindow window;
+  FlexGrid grid;
+};
+
+}  // namespace tallyrun::testing
