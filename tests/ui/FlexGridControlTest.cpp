@@ -196,17 +196,6 @@ TEST_F(FlexGridControlTest, RightClicksKeepTheBlockTheyFallInto) {
   EXPECT_EQ(reports[3].button, 2) << "the menu key";
 }
 
-TEST_F(FlexGridControlTest, DoubleClicksOnACellAreReported) {
-  std::vector<GridCell> cells;
-  control_.DblClick.Set([&] { cells.push_back(Current()); });
-  Click(4, 3);
-  MouseAt(WM_LBUTTONDBLCLK, 4, 3, MK_LBUTTON);
-  MouseAt(WM_LBUTTONUP, 4, 3);
-  LoadRows(2);
-  Mouse(WM_LBUTTONDBLCLK, 20, Client().bottom - 5);
-  EXPECT_EQ(cells, (std::vector<GridCell>{{4, 3}}));
-}
-
 TEST_F(FlexGridControlTest, KeysMoveTheCurrentCellUnlessTheFormTakesThem) {
   struct Case {
     int key;
@@ -287,102 +276,6 @@ TEST_F(FlexGridControlTest, EveryWayOfScrollingIsReportedAtOnce) {
   EXPECT_EQ(reports, 0) << "nothing moved";
 }
 
-TEST_F(FlexGridControlTest, ScrollBarsFollowTheDataAndNeverTakeRoom) {
-  const RECT full = Client();
-  SCROLLINFO rows = ScrollBar(SB_VERT);
-  EXPECT_EQ(rows.nMax, 99);
-  EXPECT_EQ(rows.nPage, static_cast<UINT>(grid_.PageRows()));
-  grid_.SetTopRow(40);
-  grid_.SetLeftCol(2);
-  EXPECT_EQ(ScrollBar(SB_VERT).nPos, 39);
-  EXPECT_EQ(ScrollBar(SB_HORZ).nPos, 2);
-  LoadRows(1);
-  grid_.SetCols(1);
-  control_.Redraw();
-  EXPECT_EQ(Client().right, full.right);
-  EXPECT_EQ(Client().bottom, full.bottom);
-  SCROLLBARINFO bar = {};
-  bar.cbSize = sizeof bar;
-  GetScrollBarInfo(control_.Handle(), OBJID_VSCROLL, &bar);
-  EXPECT_EQ(bar.rgstate[0] & STATE_SYSTEM_INVISIBLE, 0u);
-  EXPECT_GE(ScrollBar(SB_VERT).nPage, 1u);
-}
-
-TEST_F(FlexGridControlTest, TheHeaderShowsTheCaptionsAndDragsTheColumns) {
-  const auto itemAt = [&](int col, std::array<char, 64>& caption) {
-    HDITEMA item = {};
-    item.mask = HDI_TEXT | HDI_WIDTH;
-    item.pszText = caption.data();
-    item.cchTextMax = static_cast<int>(caption.size());
-    SendMessageA(Header(), HDM_GETITEMA, static_cast<WPARAM>(col), reinterpret_cast<LPARAM>(&item));
-    return item.cxy;
-  };
-  std::array<char, 64> caption = {};
-  EXPECT_EQ(itemAt(3, caption), control_.CellBounds(1, 3).width);
-  EXPECT_STREQ(caption.data(), "Caption 3");
-  grid_.SetText(0, 3, "ISIN Code");
-  grid_.SetColWidth(3, 2 * kColWidth);
-  control_.Redraw();
-  EXPECT_EQ(itemAt(3, caption), control_.CellBounds(1, 3).width);
-  EXPECT_STREQ(caption.data(), "ISIN Code");
-
-  // Dragged while scrolled: the header's own pixels begin with the first column.
-  grid_.SetLeftCol(1);
-  const int border = control_.CellBounds(1, 2).left - control_.CellBounds(1, 0).left;
-  const auto drag = [&](UINT message, int x) {
-    SendMessageA(Header(), message, MK_LBUTTON, MAKELPARAM(x, 5));
-  };
-  form_.txtOther.SetFocus();
-  const int before = control_.CellBounds(1, 1).width;
-  drag(WM_LBUTTONDOWN, border - 1);
-  drag(WM_MOUSEMOVE, border + 29);
-  drag(WM_LBUTTONUP, border + 29);
-  EXPECT_EQ(control_.CellBounds(1, 1).width, before + 30);
-  EXPECT_EQ(grid_.ColWidth(1), PixelsToTwips(before + 30, form_.Dpi()));
-  EXPECT_TRUE(control_.HasFocus());
-  // A column that the clerk made narrow stays so over the next paint.
-  grid_.SetText(5, 0, "x");
-  control_.Redraw();
-  EXPECT_EQ(control_.CellBounds(1, 1).width, before + 30);
-
-  grid_.SetCols(5);
-  control_.Redraw();
-  EXPECT_EQ(SendMessageA(Header(), HDM_GETITEMCOUNT, 0, 0), 5);
-}
-
-TEST_F(FlexGridControlTest, ADoubleClickOnABorderFitsTheColumn) {
-  grid_.SetText(2, 1, "a text much longer than the caption above it");
-  const int border = control_.CellBounds(1, 2).left;
-  SendMessageA(Header(), WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(border - 1, 5));
-  EXPECT_EQ(grid_.ColWidth(1), grid_.Measurer().WidthOf(grid_.Text(2, 1)) + 200);
-}
-
-TEST_F(FlexGridControlTest, TheEditorsPlaceIsWhatIsSeenOfTheCell) {
-  const PixelRect whole = control_.CellBoundsInParent(2, 1);
-  EXPECT_EQ(whole.width, control_.CellBounds(2, 1).width);
-  EXPECT_EQ(whole.height, control_.CellBounds(2, 1).height);
-  POINT origin = {0, 0};
-  MapWindowPoints(control_.Handle(), form_.Handle(), &origin, 1);
-  EXPECT_EQ(whole.x, origin.x + control_.CellBounds(2, 1).left);
-  EXPECT_EQ(whole.y, origin.y + control_.CellBounds(2, 1).top);
-  EXPECT_EQ(control_.CellBoundsInParent(90, 1), PixelRect{});
-  grid_.SetColWidth(2, 30'000);
-  control_.ShowCell(90, 2);
-  EXPECT_EQ(grid_.LeftCol(), 2);
-  EXPECT_TRUE(grid_.IsRowVisible(90));
-  EXPECT_EQ(control_.CellBoundsInParent(90, 2).width, Client().right);
-}
-
-TEST_F(FlexGridControlTest, ItsWindowTextIsTheCurrentCells) {
-  grid_.SetRow(42);
-  grid_.SetCol(0);
-  EXPECT_EQ(control_.Text(), "42");
-  grid_.SetText(42, 0, "ABC LTD");
-  std::array<char, 4> few = {};
-  EXPECT_EQ(Send(WM_GETTEXT, few.size(), reinterpret_cast<LPARAM>(few.data())), 3);
-  EXPECT_STREQ(few.data(), "ABC");
-}
-
 TEST_F(FlexGridControlTest, OneChangeOrManyCauseOnePaint) {
   const auto needsPaint = [&] { return GetUpdateRect(control_.Handle(), nullptr, FALSE) != FALSE; };
   ASSERT_FALSE(needsPaint());
@@ -394,45 +287,6 @@ TEST_F(FlexGridControlTest, OneChangeOrManyCauseOnePaint) {
   EXPECT_FALSE(grid_.TakeChanges()) << "the paint took them";
   grid_.SetText(1, 1, "c");
   EXPECT_TRUE(needsPaint());
-}
-
-// Counts a colour's pixels in a cell as the control paints it.
-int PixelsOf(const FlexGridControl& control, int row, int col, COLORREF colour) {
-  const WindowDc screen(nullptr);
-  const UniqueDc memory(CreateCompatibleDC(screen.Get()));
-  RECT client = {};
-  GetClientRect(control.Handle(), &client);
-  const UniqueBitmap bitmap(CreateCompatibleBitmap(screen.Get(), client.right, client.bottom));
-  const SelectScope selected(memory.Get(), bitmap.Get());
-  SendMessageA(control.Handle(), WM_PRINTCLIENT, reinterpret_cast<WPARAM>(memory.Get()),
-               PRF_CLIENT);
-  const GridRect cell = control.CellBounds(row, col);
-  int pixels = 0;
-  for (int y = cell.top; y < cell.top + cell.height; ++y) {
-    for (int x = cell.left; x < cell.left + cell.width; ++x) {
-      if (GetPixel(memory.Get(), x, y) == colour) ++pixels;
-    }
-  }
-  return pixels;
-}
-
-TEST_F(FlexGridControlTest, ShowsTheBlockAndTheCurrentCell) {
-  const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
-  const auto mostOf = [&](int row, int col) {
-    const GridRect cell = control_.CellBounds(row, col);
-    return cell.width * cell.height / 2;
-  };
-  grid_.SetRow(2);
-  grid_.SetCol(1);
-  EXPECT_GT(PixelsOf(control_, 2, 1, highlight), mostOf(2, 1));
-  EXPECT_EQ(PixelsOf(control_, 3, 1, highlight), 0);
-  grid_.SetRowSel(3);
-  EXPECT_GT(PixelsOf(control_, 3, 1, highlight), mostOf(3, 1));
-  EXPECT_LT(PixelsOf(control_, 2, 1, highlight), mostOf(2, 1)) << "the current cell stands out";
-  form_.txtOther.SetFocus();
-  EXPECT_EQ(PixelsOf(control_, 3, 1, highlight), 0) << "without the focus";
-  EXPECT_LT(PixelsOf(control_, 3, 1, GetSysColor(COLOR_WINDOW)), mostOf(3, 1));
-  EXPECT_GT(PixelsOf(control_, 4, 1, GetSysColor(COLOR_WINDOW)), mostOf(4, 1));
 }
 
 TEST_F(FlexGridControlTest, AMillionRowsScrollAndPaintLikeAHundred) {
@@ -451,21 +305,6 @@ TEST_F(FlexGridControlTest, AMillionRowsScrollAndPaintLikeAHundred) {
   const GridRect cell = control_.CellBounds(grid_.Row(), 0);
   EXPECT_GE(cell.top, 0);
   EXPECT_LT(cell.top, Client().bottom);
-}
-
-TEST_F(FlexGridControlTest, TheDataOutlivesItsWindow) {
-  form_.Unload();
-  grid_.SetText(1, 0, "kept");
-  grid_.SetTopRow(5);
-  EXPECT_EQ(control_.CellBounds(1, 0), GridRect{});
-  form_.Show();
-  control_.Redraw();
-  EXPECT_EQ(SendMessageA(Header(), HDM_GETITEMCOUNT, 0, 0), kCols);
-  EXPECT_EQ(grid_.Text(1, 0), "kept");
-  int reports = 0;
-  control_.Scroll.Set([&] { ++reports; });
-  grid_.SetTopRow(9);
-  EXPECT_EQ(reports, 1);
 }
 
 }  // namespace

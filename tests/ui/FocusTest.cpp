@@ -39,16 +39,6 @@ TEST_F(FocusTest, AnotherControlTakesIt) {
   EXPECT_THAT(log, ElementsAre("editor lost", "button got", "button lost", "editor got"));
 }
 
-TEST_F(FocusTest, AHiddenOrDisabledControlTakesNothing) {
-  form.button.SetEnabled(false);
-  form.button.SetFocus();
-  form.button.SetEnabled(true);
-  form.button.SetVisible(false);
-  form.button.SetFocus();
-  EXPECT_THAT(log, IsEmpty());
-  EXPECT_TRUE(form.editor.HasFocus());
-}
-
 TEST_F(FocusTest, AMessageBoxTakesNothingAndDisablesEveryForm) {
   static TryForm* shown;
   static bool formsDisabled;
@@ -90,34 +80,6 @@ TEST_F(FocusTest, AnotherFormTakesItAndGivesItBack) {
   SetForegroundWindow(form.Handle());
   EXPECT_TRUE(PumpUntil([&] { return form.editor.HasFocus(); }));
   EXPECT_THAT(log, ElementsAre("editor got"));
-}
-
-TEST_F(FocusTest, TheFirstBoxIsSelectedWhenItsFormComesUp) {
-  TryForm other("frmTryOther");
-  other.onLoad = [&] { other.editor.SetText("former"); };
-  other.Show();
-  ASSERT_TRUE(PumpUntil([&] { return other.editor.HasFocus(); }));
-  TypeText("7");
-  EXPECT_EQ(other.editor.Text(), "7");
-}
-
-TEST_F(FocusTest, SetWhileAnotherFormIsInFrontItWaitsForTheForm) {
-  TryForm other("frmTryOther");
-  other.Show();
-  ASSERT_TRUE(PumpUntil([&] { return other.editor.HasFocus(); }));
-  form.button.SetFocus();
-  EXPECT_TRUE(other.editor.HasFocus());
-  SetForegroundWindow(form.Handle());
-  EXPECT_TRUE(PumpUntil([&] { return form.button.HasFocus(); }));
-}
-
-TEST_F(FocusTest, ComesBackAfterTheWindowWasDeactivated) {
-  // As when another program comes to the front: the window is told, and nothing else.
-  SendMessageA(form.Handle(), WM_ACTIVATE, WA_INACTIVE, 0);
-  ::SetFocus(nullptr);
-  SendMessageA(form.Handle(), WM_ACTIVATE, WA_ACTIVE, 0);
-  EXPECT_TRUE(form.editor.HasFocus());
-  EXPECT_THAT(log, IsEmpty());
 }
 
 TEST_F(FocusTest, AControlThatDisappearsInAHandlerLeavesTheKeyboardAlive) {

@@ -41,31 +41,6 @@ TEST_F(FormTest, AnErrorEndsItsHandlerAloneAndIsShown) {
   EXPECT_TRUE(handlerWentOn);
 }
 
-TEST_F(FormTest, IsLoadedAnewAfterItWasUnloaded) {
-  TryForm form;
-  int loads = 0;
-  int unloads = 0;
-  form.onLoad = [&] { ++loads; };
-  form.onUnload = [&] { ++unloads; };
-  for (int round = 1; round <= 2; ++round) {
-    form.Show();
-    form.Load();
-    form.editor.SetText("text");
-    EXPECT_EQ(form.editor.Text(), "text");
-    form.Unload();
-    form.Unload();
-    EXPECT_FALSE(form.IsLoaded());
-    // A control without its window is empty and takes nothing amiss.
-    form.editor.SetText("lost");
-    form.combo.AddItem("lost");
-    form.optFirst.SetValue(true);
-    EXPECT_EQ(form.editor.Text(), "");
-    EXPECT_EQ(form.combo.ListCount(), 0);
-    EXPECT_EQ(loads, round);
-    EXPECT_EQ(unloads, round);
-  }
-}
-
 TEST_F(FormTest, ClosedInItsOwnHandlerItIsHiddenAndGoesAfterTheHandler) {
   TryForm main("frmTryMain", true);
   main.Show();
@@ -142,35 +117,6 @@ TEST_F(FormTest, AModalFormDisablesTheOthersUntilItIsClosed) {
   EXPECT_EQ(GetActiveWindow(), owner.Handle());
 }
 
-TEST_F(FormTest, ResizeIsRaisedForARealChangeOfSizeOnly) {
-  TryForm form;
-  form.Show();
-  EXPECT_THAT(form.resizedTo, IsEmpty());
-  RECT window = {};
-  GetWindowRect(form.Handle(), &window);
-  MoveWindow(form.Handle(), window.left + 10, window.top + 10, window.right - window.left,
-             window.bottom - window.top, TRUE);
-  SendMessageA(form.Handle(), WM_SIZE, SIZE_MINIMIZED, 0);
-  EXPECT_THAT(form.resizedTo, IsEmpty());
-  MoveWindow(form.Handle(), window.left, window.top, window.right - window.left + 50,
-             window.bottom - window.top, TRUE);
-  ASSERT_EQ(form.resizedTo.size(), 1u);
-  // The layout has followed by the time the handler runs.
-  const int edge = form.Scale(spacing::kEdge);
-  EXPECT_EQ(form.button.Bounds().width, form.resizedTo[0].cx - 2 * edge);
-}
-
-TEST_F(FormTest, NeverBecomesSmallerThanItsLayoutNeeds) {
-  TryForm form;
-  form.Show();
-  MoveWindow(form.Handle(), 0, 0, 10, 10, TRUE);
-  RECT client = {};
-  GetClientRect(form.Handle(), &client);
-  EXPECT_GE(client.right, form.Scale(200));
-  const PixelRect last = form.date.Bounds();
-  EXPECT_LE(last.y + last.height, client.bottom);
-}
-
 TEST_F(FormTest, AnotherDpiScalesFontAndLayout) {
   TryForm form;
   form.Show();
@@ -208,37 +154,6 @@ TEST_F(FormTest, TheHourglassHoldsOverEveryControl) {
   for (const Control* control : form.Controls()) EXPECT_EQ(pointerOver(*control), hourglass);
   form.SetPointer(PointerShape::Normal);
   for (const Control* control : form.Controls()) EXPECT_NE(pointerOver(*control), hourglass);
-}
-
-TEST_F(FormTest, EnableControlsReachesTheControlsInAFrame) {
-  class FrameForm : public Form {
-   public:
-    FrameForm() : Form("frmTryFrame") {}
-    Frame frame;
-    Button inner;
-    int clicks = 0;
-
-   protected:
-    void CreateControls() override {
-      frame.Create(*this, 1);
-      inner.Create(frame, 2, "Inner");
-      inner.Click.Set([this] { ++clicks; });
-    }
-    void Layout(LayoutArea& area) override {
-      area.Place(frame, {10, 20, 300, 200});
-      area.Place(inner, {30, 40, 100, 25});
-    }
-  };
-  FrameForm form;
-  form.Show();
-  EXPECT_EQ(form.inner.Bounds(), (PixelRect{30, 40, 100, 25}));
-  ClickOn(form.inner);
-  EXPECT_EQ(form.clicks, 1);
-  form.EnableControls(false);
-  EXPECT_FALSE(form.inner.Enabled());
-  EXPECT_FALSE(form.frame.Enabled());
-  form.EnableControls(true);
-  EXPECT_TRUE(form.inner.Enabled());
 }
 
 }  // namespace

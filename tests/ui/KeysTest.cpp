@@ -57,14 +57,6 @@ TEST_F(KeysTest, AReleaseReachesTheControlsHandlerOrTheFormsOnce) {
   }
 }
 
-TEST_F(KeysTest, DeleteEditsTheTextBox) {
-  form.editor.SetFocus();
-  form.editor.SetText("abc");
-  SendMessageA(form.editor.Handle(), EM_SETSEL, 1, 1);
-  PressKey(VK_DELETE);
-  EXPECT_EQ(form.editor.Text(), "ac");
-}
-
 TEST_F(KeysTest, EnterAndEscapeReachTheControlAndPressNothing) {
   int clicks = 0;
   form.onClick = [&] { ++clicks; };
@@ -93,13 +85,6 @@ TEST_F(KeysTest, EnterAndEscapeReachTheControlAndPressNothing) {
   EXPECT_THAT(log, ElementsAre("date press 13", "form up 13"));
 }
 
-TEST_F(KeysTest, AHandledKeyStaysFromTheControl) {
-  form.editor.KeyPress.Set([](KeyEvent& key) { key.handled = key.key == '1'; });
-  form.editor.SetFocus();
-  TypeText("112");
-  EXPECT_EQ(form.editor.Text(), "2");
-}
-
 TEST_F(KeysTest, TabReachesEveryControlInOrderAndOneOptionOfAGroup) {
   form.optSecond.SetValue(true);
   form.editor.SetFocus();
@@ -110,19 +95,6 @@ TEST_F(KeysTest, TabReachesEveryControlInOrderAndOneOptionOfAGroup) {
   }
   EXPECT_THAT(visited, ElementsAre(1, 2, 4, 5, 6, 7, 8));
   EXPECT_TRUE(form.editor.HasFocus());
-}
-
-TEST_F(KeysTest, ArrowsMoveWithinTheOptionsAlone) {
-  form.optFirst.SetValue(true);
-  form.button.SetFocus();
-  PressKey(VK_DOWN);
-  EXPECT_TRUE(form.button.HasFocus());
-  EXPECT_TRUE(form.optFirst.Value());
-  form.optFirst.SetFocus();
-  PressKey(VK_DOWN);
-  EXPECT_TRUE(form.optSecond.HasFocus());
-  EXPECT_TRUE(form.optSecond.Value());
-  EXPECT_FALSE(form.optFirst.Value());
 }
 
 }  // namespace

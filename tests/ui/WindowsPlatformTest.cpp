@@ -74,19 +74,6 @@ TEST(WindowsPlatformTest, AChosenFileLeavesTheCurrentDirectoryAlone) {
   EXPECT_EQ(platform.AskForFile(request), std::nullopt);
 }
 
-TEST(WindowsPlatformTest, TheFolderPickerStartsAtTheFolderGiven) {
-  TempFolder folder;
-  WindowsPlatform platform;
-  for (const auto& [button, chosen] :
-       {std::pair<WPARAM, std::string>{IDOK, folder.Path().substr(0, folder.Path().size() - 1)},
-        {IDCANCEL, ""}}) {
-    const DialogAnswer answer(
-        [&](HWND dialog) { return PostMessageA(dialog, WM_COMMAND, button, 0); });
-    EXPECT_EQ(platform.AskForFolder("Select a backup location.", Windows(folder.Path())),
-              Windows(chosen));
-  }
-}
-
 TEST(WindowsPlatformTest, RunsABatchFileWhosePathHasBlanksAndGivesItsExitCode) {
   TempFolder folder;
   folder.Write("R & D (new)\\run it.bat",
@@ -122,20 +109,6 @@ TEST(WindowsPlatformTest, NothingIsShownOnceTheMainFormIsClosed) {
   EXPECT_THROW(platform.AskForFile({"title", {}}), ProgramEnding);
   EXPECT_THROW(platform.AskForFolder("prompt", ""), ProgramEnding);
   SetPlatform(nullptr);
-}
-
-TEST(WindowsPlatformTest, TheProgramsFolderHasNoBackslashAtItsEnd) {
-  const std::string folder = WindowsPlatform().ProgramFolder();
-  EXPECT_FALSE(folder.empty());
-  EXPECT_NE(folder.back(), '\\');
-  EXPECT_NE(GetFileAttributesA((folder + "\\windows_tests.exe").c_str()), INVALID_FILE_ATTRIBUTES);
-}
-
-TEST(WindowsPlatformTest, MorningAndAfternoonHaveDesignatorsOfTheirOwn) {
-  WindowsPlatform platform;
-  EXPECT_EQ(platform.AmPmDesignator(0), platform.AmPmDesignator(11));
-  EXPECT_EQ(platform.AmPmDesignator(12), platform.AmPmDesignator(23));
-  EXPECT_NE(platform.AmPmDesignator(11), platform.AmPmDesignator(12));
 }
 
 }  // namespace
