@@ -49,7 +49,9 @@ TEST(ConversionSystemTest, NumbersAreThoseOfTheSystem) {
     const auto readWhole =
         VarI4FromStr(Wide(text).data(), kEnglishUk, LOCALE_NOUSEROVERRIDE, &whole);
     EXPECT_EQ(IsNumeric(text), SUCCEEDED(read)) << text;
-    EXPECT_EQ(ValueOf([&] { return ToDouble(text); }), IfDone(read, number)) << text;
+    const auto ours = ValueOf([&] { return ToDouble(text); });
+    EXPECT_EQ(ours.has_value(), SUCCEEDED(read)) << text;
+    EXPECT_DOUBLE_EQ(ours.value_or(0), SUCCEEDED(read) ? number : 0) << text;
     EXPECT_EQ(ValueOf([&] { return LONG{ToInt32(text)}; }), IfDone(readWhole, whole)) << text;
   }
 }
