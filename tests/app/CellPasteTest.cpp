@@ -51,9 +51,5 @@ TEST_F(CellPasteTest, FillsEverySelectedRowUpwardAndDownwardAndWidens) {
   EXPECT_EQ(grid.ColWidth(EntryColumn::kQuantity), 15 * 100 + 200);
 }
 
-TEST_F(CellPasteTest, ASourceRowThatIsGoneIsAnError) {
-  EXPECT_THROW(PasteIntoSelection(grid, 9), RuntimeError);
-}
-
 }  // namespace
 }  // namespace tallyrun

@@ -42,10 +42,5 @@ TEST_F(EntrySearchTest, GoesDownFromTheCurrentRowAndWrapsOnce) {
   }
 }
 
-TEST_F(EntrySearchTest, ASheetWithoutRowsHasNothingToFind) {
-  grid.SetRows(1);
-  EXPECT_EQ(FindEntry(grid, EntryColumn::kBoName, ""), 0);
-}
-
 }  // namespace
 }  // namespace tallyrun

@@ -91,14 +91,6 @@ TEST_F(FtpClientTest, WithoutAServerTheAccountIsReadAsCommands) {
             "ftp> bye\n");
 }
 
-TEST_F(FtpClientTest, GoesOnAfterARefusedLogin) {
-  network.replies["PASS qz5071"] = "530 User cannot log in.\r\n";
-  network.replies["CWD entry"] = "530 Please log in.\r\n";
-  EXPECT_THAT(Run("cd entry\r\nbye"),
-              HasSubstr("530 User cannot log in.\nLogin failed.\nftp> cd entry\n"
-                        "530 Please log in.\nftp> bye\n221 Goodbye.\n"));
-}
-
 TEST_F(FtpClientTest, ARefusedGetLeavesTheLocalFileAlone) {
   folder.Write("day.txt", "mine");
   network.replies["RETR day.txt"] = "550 The system cannot find the file specified.\r\n";
@@ -125,54 +117,6 @@ TEST_F(FtpClientTest, AGetThatCannotBeWrittenClaimsNoTransfer) {
   EXPECT_THAT(output, HasSubstr("Error opening local file "));
   EXPECT_THAT(output, Not(HasSubstr("226")));
   EXPECT_THAT(output, HasSubstr("ftp> cd entry\n250 CWD command successful.\n"));
-}
-
-TEST_F(FtpClientTest, AnUploadThatTheServerStopsEndsWithItsReply) {
-  folder.Write("day.txt", std::string(200000, 'x'));
-  network.uploadIsRefused = true;
-  network.replies["STOR day.txt"] = "150 Opening.\r\n552 There is not enough space.\r\n";
-  const std::string output = Run("put " + Local("day.txt") + "\r\nbye");
-  EXPECT_THAT(output, HasSubstr("552 There is not enough space.\nftp> bye\n221 Goodbye.\n"));
-}
-
-TEST_F(FtpClientTest, AsksTheServerForNothingThatCannotBeDone) {
-  struct Case {
-    std::string command;
-    std::string answer;
-  };
-  const Case cases[] = {
-      {"put " + Local("none.txt"), Local("none.txt") + ": File not found\n"},
-      {"dance", "Invalid command.\n"},
-      {"rename day.txt", "Usage: rename from-name to-name\n"},
-      {"open elsewhere", "Already connected to 127.0.0.1, use disconnect first.\n"},
-      {"", ""},
-  };
-  for (const Case& c : cases) {
-    network.commands.clear();
-    EXPECT_THAT(Run(c.command + "\r\nbye"),
-                HasSubstr("ftp> " + c.command + "\n" + c.answer + "ftp> bye"));
-    EXPECT_THAT(network.commands, ElementsAre("USER ledgerhand", "PASS qz5071", "QUIT"));
-  }
-}
-
-TEST_F(FtpClientTest, RenamesOnlyWhatTheServerHas) {
-  network.replies["RNFR BO.txt"] = "350 Ready.\r\n";
-  network.replies["RNTO BO/BO 1.txt"] = "250 Renaming ok.\r\n";
-  network.replies["RNFR none.txt"] = "550 The system cannot find the file specified.\r\n";
-  EXPECT_THAT(Run("rename BO.txt \"BO/BO 1.txt\"\r\nRENAME none.txt x.txt"),
-              HasSubstr("350 Ready.\n250 Renaming ok.\n"));
-  EXPECT_THAT(network.commands, ElementsAre("USER ledgerhand", "PASS qz5071", "RNFR BO.txt",
-                                            "RNTO BO/BO 1.txt", "RNFR none.txt"));
-}
-
-TEST_F(FtpClientTest, RefusesABadPort) {
-  for (const char* port : {"0", "65536", "21x", "-1"}) {
-    std::istringstream script(std::string("open 127.0.0.1 ") + port);
-    std::ostringstream output;
-    practice::FtpClient(network, output).Run(script);
-    EXPECT_THAT(output.str(), HasSubstr(std::string(port) + ": bad port number."));
-  }
-  EXPECT_THAT(network.commands, IsEmpty());
 }
 
 }  // namespace

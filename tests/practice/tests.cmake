@@ -1,6 +1,5 @@
 list(APPEND portable_tests
   practice/FtpClientTest.cpp
-  practice/ReplyReaderTest.cpp
 )
 
 if(WIN32)

@@ -80,19 +80,5 @@ TEST_F(SettingsEntryTest, AFileThatCannotBeWrittenStillLoadsTheListsOfTheNewLoca
   EXPECT_EQ(BoList.Count(), 2);
 }
 
-TEST_F(SettingsEntryTest, EachListThatIsMissingIsToldAfterTheConfirmation) {
-  TempFolder empty;
-  SaveEntry({"123456", kBoid, kFormat, empty.Path()});
-  ASSERT_EQ(platform.messages.size(), 3u);
-  EXPECT_EQ(platform.messages[0], kSaved);
-  EXPECT_THAT(platform.messages[1].text, ::testing::HasSubstr("BO.txt"));
-  EXPECT_THAT(platform.messages[2].text, ::testing::HasSubstr("ISIN.txt"));
-}
-
-TEST(TrimmedEntryTest, OnlyTheBlanksAtTheEndsGo) {
-  EXPECT_EQ(TrimmedEntry({" 123456 ", "1 2", "\t3", "  C:\\My Work  "}),
-            (BrokerSettings{"123456", "1 2", "\t3", "C:\\My Work"}));
-}
-
 }  // namespace
 }  // namespace tallyrun::testing

@@ -25,15 +25,6 @@ class frmSettingsTest : public ::testing::Test {
   frmSettings form;
 };
 
-TEST_F(frmSettingsTest, ShowsTheSettingsInForce) {
-  form.Load();
-  EXPECT_EQ(form.Caption(), "Tallyrun v1.0 : Settings");
-  EXPECT_EQ(form.txtBrokerID.Text(), Settings.brokerId);
-  EXPECT_EQ(form.txtClearingBOID.Text(), Settings.clearingBoid);
-  EXPECT_EQ(form.txtDefaultBOIDFormat.Text(), Settings.boidFormat);
-  EXPECT_EQ(form.txtBackupPath.Text(), Settings.backupLocation);
-}
-
 TEST_F(frmSettingsTest, SaveTrimsTheBoxesAlsoWhenAValueIsRefused) {
   form.Show();
   form.txtBrokerID.SetText("  654321 ");
