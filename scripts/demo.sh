@@ -74,7 +74,7 @@ take_picture() {
   say "   picture $1"
 }
 
-coproc CLERK { exec scripts/wine.sh build/windows/tests/e2e/demo_clerk.exe "$folder" $stay 2>/dev/null; }
+coproc CLERK { exec scripts/wine.sh build/windows/practice/clerk/demo_clerk.exe "$folder" $stay 2>/dev/null; }
 clerk_pid=$CLERK_PID
 exec {answers}>&"${CLERK[1]}" {lines}<&"${CLERK[0]}"
 while IFS= read -r line <&"$lines"; do

@@ -2,8 +2,8 @@
 #include <gtest/gtest.h>
 
 #include "app/frmMainIds.h"
+#include "practice/clerk/Waiting.h"
 #include "tests/e2e/Steps.h"
-#include "tests/e2e/Waiting.h"
 
 namespace tallyrun::testing {
 namespace {

@@ -5,7 +5,7 @@
 #include <filesystem>
 
 #include "app/frmMainIds.h"
-#include "tests/e2e/Waiting.h"
+#include "practice/clerk/Waiting.h"
 
 namespace tallyrun::testing {
 

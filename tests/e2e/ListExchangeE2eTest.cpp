@@ -6,8 +6,8 @@
 
 #include "app/frmMainIds.h"
 #include "lists/frmListIds.h"
+#include "practice/clerk/Waiting.h"
 #include "tests/e2e/ExchangeDay.h"
-#include "tests/e2e/Waiting.h"
 
 namespace tallyrun::testing {
 namespace {

@@ -3,9 +3,9 @@
 #include <gtest/gtest.h>
 
 #include "app/frmMainIds.h"
+#include "practice/clerk/Waiting.h"
 #include "settings/frmSettingsIds.h"
 #include "tests/e2e/Steps.h"
-#include "tests/e2e/Waiting.h"
 
 namespace tallyrun::testing {
 namespace {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "app/frmMainIds.h"
-#include "tests/e2e/Waiting.h"
+#include "practice/clerk/Waiting.h"
 
 namespace tallyrun::testing {
 

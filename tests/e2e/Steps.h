@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "tests/e2e/ClerkDriver.h"
+#include "practice/clerk/ClerkDriver.h"
 #include "tests/e2e/Workplace.h"
 
 namespace tallyrun::testing {

@@ -4,9 +4,9 @@
 
 #include "app/frmMainIds.h"
 #include "lists/frmListIds.h"
-#include "tests/e2e/Hand.h"
-#include "tests/e2e/Waiting.h"
-#include "tests/e2e/demo/DemoDay.h"
+#include "practice/clerk/Hand.h"
+#include "practice/clerk/Waiting.h"
+#include "practice/clerk/demo/DemoDay.h"
 
 namespace tallyrun::testing {
 

@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/e2e/ClerkDriver.h"
+#include "practice/clerk/ClerkDriver.h"
 
 namespace tallyrun::testing {
 

@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/e2e/OpenWindow.h"
+#include "practice/clerk/OpenWindow.h"
 
 namespace tallyrun::testing {
 

@@ -1,11 +1,11 @@
-#include "tests/e2e/demo/DemoDay.h"
+#include "practice/clerk/demo/DemoDay.h"
 
 #include <cstdio>
 #include <iostream>
 
 #include "app/frmMainIds.h"
-#include "tests/e2e/Hand.h"
-#include "tests/e2e/Waiting.h"
+#include "practice/clerk/Hand.h"
+#include "practice/clerk/Waiting.h"
 
 namespace tallyrun::testing {
 

@@ -4,7 +4,7 @@
 #include <exception>
 #include <string>
 
-#include "tests/e2e/demo/DemoDay.h"
+#include "practice/clerk/demo/DemoDay.h"
 
 namespace tallyrun::testing {
 namespace {

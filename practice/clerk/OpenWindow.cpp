@@ -1,8 +1,8 @@
-#include "tests/e2e/OpenWindow.h"
+#include "practice/clerk/OpenWindow.h"
 
 #include <algorithm>
 
-#include "tests/e2e/Waiting.h"
+#include "practice/clerk/Waiting.h"
 
 namespace tallyrun::testing {
 

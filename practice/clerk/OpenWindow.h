@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "tests/e2e/Hand.h"
+#include "practice/clerk/Hand.h"
 
 namespace tallyrun::testing {
 

@@ -1,8 +1,8 @@
-#include "tests/e2e/Hand.h"
+#include "practice/clerk/Hand.h"
 
 #include <vector>
 
-#include "tests/e2e/Waiting.h"
+#include "practice/clerk/Waiting.h"
 
 namespace tallyrun::testing {
 

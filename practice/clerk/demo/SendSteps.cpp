@@ -1,6 +1,6 @@
 #include "app/frmMainIds.h"
-#include "tests/e2e/Waiting.h"
-#include "tests/e2e/demo/DemoDay.h"
+#include "practice/clerk/Waiting.h"
+#include "practice/clerk/demo/DemoDay.h"
 
 namespace tallyrun::testing {
 

@@ -1,5 +1,5 @@
 #include "app/frmMainIds.h"
-#include "tests/e2e/demo/DemoDay.h"
+#include "practice/clerk/demo/DemoDay.h"
 
 namespace tallyrun::testing {
 

@@ -1,4 +1,4 @@
-#include "tests/e2e/Waiting.h"
+#include "practice/clerk/Waiting.h"
 
 #include <windows.h>
 
