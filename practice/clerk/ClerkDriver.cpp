@@ -129,12 +129,13 @@ Box ClerkDriver::ReadBox() const {
 Box ClerkDriver::Answer(const std::string& button) {
   const OpenWindow window(WaitForBox());
   Box box = ReadBox();
-  window.ClickButton(button);
-  if (!Holds([&] { return !window.IsOpen(); })) {
-    throw DriverError("'" + button + "' does not close the box. On the screen:\n" +
-                      DescribeScreen());
+  // A click is lost when the window manager moves the box at that moment; a clerk clicks again.
+  constexpr int kSecondsPerClick = 15;
+  for (int waited = 0; waited < kPatienceSeconds; waited += kSecondsPerClick) {
+    window.ClickButton(button);
+    if (Holds([&] { return !window.IsOpen(); }, kSecondsPerClick)) return box;
   }
-  return box;
+  throw DriverError("'" + button + "' does not close the box. On the screen:\n" + DescribeScreen());
 }
 
 OpenWindow ClerkDriver::WaitForFileDialog(const std::string& title) const {

@@ -85,14 +85,24 @@ void OpenWindow::ClickInside(HWND control, POINT place, MouseButton button, int 
   if (GetForegroundWindow() != window_) SetForegroundWindow(window_);
   POINT onScreen{};
   const bool ready = Holds([&] {
+    const POINT before = onScreen;
     onScreen = place;
     ClientToScreen(control, &onScreen);
-    // Another window may still lie over it.
-    return IsWindowVisible(control) && IsWindowEnabled(control) && IsWindowEnabled(window_) &&
-           GetAncestor(WindowFromPoint(onScreen), GA_ROOT) == window_;
+    // A new window may still be on its way to its place.
+    if (onScreen.x != before.x || onScreen.y != before.y) return false;
+    if (!IsWindowVisible(control) || !IsWindowEnabled(control) || !IsWindowEnabled(window_)) {
+      return false;
+    }
+    if (GetAncestor(WindowFromPoint(onScreen), GA_ROOT) == window_) return true;
+    // Another window may still lie over it, and an X window manager that hears late of a click may
+    // put a box's owner there.
+    SetWindowPos(window_, HWND_TOP, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+    return false;
   });
   if (!ready) {
-    throw DriverError("Can't click '" + TextOf(control) + "' in:\n" + Describe());
+    HWND above = GetAncestor(WindowFromPoint(onScreen), GA_ROOT);
+    throw DriverError("Can't click '" + TextOf(control) + "', under " + ClassOf(above) + " '" +
+                      TextOf(above) + "', in:\n" + Describe());
   }
   testing::ClickAt(onScreen, button, times);
 }
