@@ -1,6 +1,5 @@
 #include <filesystem>
 #include <gmock/gmock.h>
-#include <thread>
 
 #include "core/GridRows.h"
 #include "core/Wildcard.h"
@@ -37,20 +36,6 @@ TEST_F(FileTest, BytesReplaceWhatWasThereAndSurviveReadingAndCopying) {
   EXPECT_FALSE(CopyTextFile(folder / "none.txt", folder / "copy.txt"));
   EXPECT_EQ(platform.TakeMessage(), (Message{"File not found"}));
   EXPECT_EQ(folder.Read("copy.txt"), "old");
-}
-
-TEST_F(FileTest, WritersInOneFolderKeepTheirFilesApart) {
-  const auto write = [this](const std::string& name) {
-    for (std::size_t length = 1; length <= 30; ++length) {
-      WriteWholeFile(folder / name, std::string(length * 1000, name[0]));
-    }
-  };
-  std::thread other([&] { write("b.txt"); });
-  write("a.txt");
-  other.join();
-  EXPECT_TRUE(folder.Read("a.txt") == std::string(30000, 'a'));
-  EXPECT_TRUE(folder.Read("b.txt") == std::string(30000, 'b'));
-  EXPECT_EQ(folder.EntryCount(), 2);
 }
 
 TEST_F(FileTest, ErrorsAreToldInTheWordsOfTheirKindAndLeaveTheFiles) {

