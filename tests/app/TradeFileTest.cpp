@@ -9,7 +9,6 @@
 #include "core/modFileIO.h"
 #include "tests/support/EntrySheetFixture.h"
 #include "tests/support/GridText.h"
-#include "tests/support/TempFolder.h"
 
 namespace tallyrun {
 namespace {
@@ -48,11 +47,7 @@ TEST(TradeFileNameTest, BeginsWithTheModeAndHoldsTheDay) {
 
 class TradeFileTest : public testing::EntrySheetFixture {
  protected:
-  std::string Write(std::string_view text) {
-    const std::string path = folder.Path() + "trad\xE9s.txt";
-    WriteWholeFile(path, text);
-    return path;
-  }
+  std::string Write(std::string_view text) { return folder.Write("trad\xE9s.txt", text); }
 
   static std::string Filled(std::string_view serial, std::string_view date, std::string_view client,
                             std::string_view boId, std::string_view boName, std::string_view scrip,
@@ -68,8 +63,6 @@ class TradeFileTest : public testing::EntrySheetFixture {
                        {EntryColumn::kIsinName, isinName},
                        {EntryColumn::kQuantity, quantity}});
   }
-
-  testing::TempFolder folder;
 };
 
 constexpr char kTrades[] =

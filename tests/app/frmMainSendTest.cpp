@@ -35,9 +35,9 @@ class frmMainSendTest : public testing::MainWindowFixture {
   frmMainSendTest() {
     PickDay(kDtpPayInOrPayOut, {2010, 1, 5});
     FillSheet();
-    holdingFile = Write("11DPA6UX.TXT",
-                        "Report for BROKER :\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n"
-                        "1201950000000001 KX0001000011 100");
+    holdingFile = folder.Write("11DPA6UX.TXT",
+                               "Report for BROKER :\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n"
+                               "1201950000000001 KX0001000011 100");
     platform.onMessage = [this](const Message& message) {
       captions.push_back(window.Caption() + (IsHourglass() ? " (hourglass)" : ""));
       if (message.buttons == MessageButtons::YesNo) platform.answers = {MessageAnswer::Yes};
@@ -46,7 +46,7 @@ class frmMainSendTest : public testing::MainWindowFixture {
       if (commandLine.find("ftp2KTX.bat") != std::string::npos) {
         captions.push_back("transfer: " + window.Caption());
         if (onTransfer) onTransfer();
-        if (!outputs.empty()) Write("out.txt", outputs.front());
+        if (!outputs.empty()) folder.Write("out.txt", outputs.front());
         if (!outputs.empty()) outputs.pop_front();
       }
       return std::make_unique<ProcessStub>(exitCode);
@@ -110,7 +110,7 @@ TEST_F(frmMainSendTest, EveryStopPutsCaptionAndPointerBack) {
          Sheet().SetRows(3);
          for (int col = 0; col < 13; ++col) Sheet().SetCell(2, col, Sheet().Cell(1, col));
        }},
-      {"Empty File.", [&] { holdingFile = Write("empty.txt", ""); }},
+      {"Empty File.", [&] { holdingFile = folder.Write("empty.txt", ""); }},
       {"Holding Check Error.", [&] { holdingFile = folder.Path() + "gone.txt"; }},
   };
   for (const auto& [title, prepare] : stops) {
@@ -126,7 +126,7 @@ TEST_F(frmMainSendTest, EveryStopPutsCaptionAndPointerBack) {
 }
 
 TEST_F(frmMainSendTest, AFileThatIsThereAlreadyIsShownInstead) {
-  Write(kEntryFile, "sent before");
+  folder.Write(kEntryFile, "sent before");
   Send({kStored});
   EXPECT_EQ(platform.messages.back(),
             (Message{"File already sent. Your sent file will be shown now.", "Tallyrun",

@@ -44,7 +44,7 @@ TEST_F(frmMainTest, TheModeShowsInEverythingThatDependsOnIt) {
 }
 
 TEST_F(frmMainTest, ADeclinedSwitchKeepsEverythingAndSkipsOneLoad) {
-  const std::string path = Write("payin_05-01-2010.txt", kTrades);
+  const std::string path = folder.Write("payin_05-01-2010.txt", kTrades);
   FillRows(Sheet(), {"1", "2"});
   Click(kOptPayOut);
   EXPECT_EQ(platform.TakeMessage(), kLoseRows);
@@ -159,7 +159,7 @@ TEST_F(frmMainTest, ThePickerStartsWithTheCellAboveAndWritesEveryChange) {
 }
 
 TEST_F(frmMainTest, ADayFromTradeFileToSavedFileAndBack) {
-  platform.files = {Write("payin_05-01-2010.txt", kTrades)};
+  platform.files = {folder.Write("payin_05-01-2010.txt", kTrades)};
   Click(kBtnLoadFromBTFile);
   EXPECT_THAT(ColumnOf(Sheet(), EntryColumn::kQuantity), ElementsAre("50", "25", "100"));
   Click(kBtnAutoFields);

@@ -21,7 +21,7 @@ struct CheckHoldingsTest : ProgramFixture {
     grid.SetText(0, EntryColumn::kBoId, "BO ID");
     grid.SetText(0, EntryColumn::kIsinCode, "ISIN Code");
     grid.SetPageRows(1);
-    window.caption = "busy";
+    busyWindow.caption = "busy";
     EntryMode = kPayIn;
     // Whatever the way out, the clerk meets a window that is at rest when a box is up.
     platform.onMessage = [this](const Message&) { ExpectWindow(kCaption); };
@@ -50,7 +50,7 @@ struct CheckHoldingsTest : ProgramFixture {
   }
 
   std::string savedCaption = kCaption, shown;
-  HoldingCheck check{grid, window, savedCaption,
+  HoldingCheck check{grid, busyWindow, savedCaption,
                      [this] {
                        ExpectWindow("Tallyrun v1.0 : ...Checking balance on HOLDINGS",
                                     PointerShape::Hourglass);
@@ -139,7 +139,7 @@ TEST_F(CheckHoldingsTest, AnErrorEndsTheCheckInTheRowWhereItIsMet) {
 TEST_F(CheckHoldingsTest, UnsummarizedNeighboursStopASend) {
   Fill({"120,XX1,1", "120,XX2,1", "121,XX2,1", "120,XX1,1"});
   EXPECT_FALSE(CheckSummarized(check));
-  EXPECT_EQ(window.caption, "busy");  // the send goes on
+  EXPECT_EQ(busyWindow.caption, "busy");  // the send goes on
   Fill({"120,XX1,1", "120,XX2,1", "120,XX2,1", "120,XX2,1"});
   EXPECT_TRUE(CheckSummarized(check));
   EXPECT_EQ(platform.TakeMessage().text, "Please summarize records before sending.");

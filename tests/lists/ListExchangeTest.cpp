@@ -15,9 +15,9 @@ constexpr char kNewList[] =
 struct ListExchange : ProgramFixture {
   ListExchange() {
     platform.now = {2010, 5, 6, 14, 30, 5, 0};
-    window.caption = kCaption;
+    busyWindow.caption = kCaption;
     platform.onPendingEvents = [this] { RunClient(); };
-    platform.onMessage = [this](const Message&) { captionAtOutcome = window.caption; };
+    platform.onMessage = [this](const Message&) { captionAtOutcome = busyWindow.caption; };
   }
 
   void RunClient() {
@@ -34,7 +34,7 @@ struct ListExchange : ProgramFixture {
     CurrentListKind = kind;
     LayOutListGrid(grid, kind);
     FillRows(grid, rows);
-    kind == kBoKind ? SendBoList(grid, window) : ReceiveIsinList(grid, window);
+    kind == kBoKind ? SendBoList(grid, busyWindow) : ReceiveIsinList(grid, busyWindow);
   }
 
   std::string output = kDone, download, script, rowsSent, captionAtOutcome;
@@ -87,7 +87,7 @@ TEST_F(ListExchange, AnErrorLeavesTheWindowItselfAgainAndAnEndingProgramLeavesIt
   ExpectWindow(kCaption);
   platform.onPendingEvents = [] { throw ProgramEnding{}; };
   EXPECT_THROW(Exchange(kBoKind, {"1|a|b|c"}), ProgramEnding);
-  EXPECT_EQ(window.pointer, PointerShape::Hourglass);
+  EXPECT_EQ(busyWindow.pointer, PointerShape::Hourglass);
 }
 
 }  // namespace

@@ -117,6 +117,8 @@ TEST_F(frmListTest, InsertAndDeleteActOnTheRowsFromEveryControlThatEditsNoText) 
   }
 }
 
+TEST_F(frmListTest, EveryControlHasItsPlaceAtEveryDpi) { ExpectControlsApart(form); }
+
 TEST_F(frmListTest, SavingWritesTheListAndRefreshesItsLookupsAlone) {
   Enter(1, 3, "C777");
   Click(ids::kBtnSave);

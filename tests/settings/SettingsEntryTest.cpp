@@ -1,83 +1,58 @@
 // What saving the settings dialog does with the typed values, in every outcome.
-#include <gmock/gmock.h>
-
-#include "core/Lists.h"
 #include "settings/SettingsEntry.h"
-#include "tests/support/RecordingPlatform.h"
-#include "tests/support/TempFolder.h"
+#include "tests/support/ProgramFixture.h"
 
 namespace tallyrun::testing {
 namespace {
 
-using ::testing::ElementsAre;
-
 constexpr char kBoid[] = "1201090000000001";
 constexpr char kFormat[] = "1201090000000000";
-const Message kSaved = {"Settings saved successfully.", "Saved successfully.",
-                        MessageIcon::Information};
 
-class SettingsEntryTest : public ::testing::Test {
- protected:
+struct SettingsEntryTest : ProgramFixture {
   SettingsEntryTest() {
-    platform.programFolder = WithoutBackslash(program.Path());
-    work.Write("BO.txt", "S/N~BO ID~BO Name~Client Code\r\n1~1201~First~C1\r");
-    work.Write("ISIN.txt", "S/N~ISIN Code~ISIN Name~Scrip ID~Scrip Code\r\n1~IN1~One~S~1\r");
+    platform.programFolder = program / "";
+    platform.programFolder.pop_back();
+    folder.Write("BO.txt", "S/N~BO ID~BO Name~Client Code\r\n1~1201~First~C1\r");
     Settings = kFormer;
-    BoList = RecordList();
-    IsinList = RecordList();
-  }
-
-  static std::string WithoutBackslash(const std::string& path) {
-    return path.substr(0, path.size() - 1);
   }
 
   const BrokerSettings kFormer = {"000000", "0", "0", "C:\\former\\"};
   TempFolder program;
-  TempFolder work;
-  RecordingPlatform platform;
 };
 
 TEST_F(SettingsEntryTest, GoodValuesAreStoredWrittenAndLoadTheLists) {
-  // With and without the last backslash, the location is held with one.
-  for (const std::string& location : {work.Path(), WithoutBackslash(work.Path())}) {
-    Settings = kFormer;
-    BoList = RecordList();
-    EXPECT_TRUE(SaveEntry({"123456", kBoid, kFormat, location}));
-    EXPECT_EQ(Settings, (BrokerSettings{"123456", kBoid, kFormat, work.Path()}));
-    EXPECT_EQ(platform.TakeMessage(), kSaved);
-    EXPECT_EQ(program.Read("Tallyrun.ini"), SettingsText(Settings));
-    EXPECT_EQ(BoList.Count(), 2);
-    EXPECT_EQ(IsinList.Count(), 2);
-  }
+  // Without its last backslash, as the folder picker gives it, the location is held with one.
+  std::string location = folder.Path();
+  location.pop_back();
+  EXPECT_TRUE(SaveEntry(TrimmedEntry({" 123456 ", kBoid, kFormat, "  " + location})));
+  EXPECT_EQ(Settings, (BrokerSettings{"123456", kBoid, kFormat, folder.Path()}));
+  EXPECT_EQ(program.Read("Tallyrun.ini"), SettingsText(Settings));
+  EXPECT_EQ(BoList.Count(), 2);
+  // The list that is missing is told after the confirmation.
+  ASSERT_EQ(platform.messages.size(), 2u);
+  EXPECT_EQ(platform.messages[0].title, "Saved successfully.");
+  EXPECT_EQ(platform.messages[1].title, "Error loading list of ISINs.");
+  // A file that cannot be written still loads the lists of the new location.
+  platform.programFolder += "\\missing";
+  BoList = RecordList();
+  EXPECT_TRUE(SaveEntry({"123456", kBoid, kFormat, folder.Path()}));
+  EXPECT_EQ(platform.messages[2].text, "Path not found");
+  EXPECT_EQ(BoList.Count(), 2);
 }
 
 TEST_F(SettingsEntryTest, TheFirstBadValueIsRefusedAndNothingChanges) {
-  const std::string missing = work / "missing";
-  const struct {
-    BrokerSettings entry;
-    const char* title;
-  } cases[] = {
-      {{"12345", "1", "1", missing}, "Wrong Broker ID"},
-      {{"123456", "", "1", missing}, "Wrong Clearing BOID"},
-      {{"123456", kBoid, "120109000000000-", missing}, "Wrong BOID Format"},
-      {{"123456", kBoid, kFormat, missing}, "Invalid Backup Location"},
+  const std::pair<BrokerSettings, const char*> cases[] = {
+      {{"12345", "1", "1", ""}, "Wrong Broker ID"},
+      {{"123456", "", "1", ""}, "Wrong Clearing BOID"},
+      {{"123456", kBoid, "120109000000000-", ""}, "Wrong BOID Format"},
       {{"123456", kBoid, kFormat, ""}, "Invalid Backup Location"},
-  };
-  for (const auto& c : cases) {
-    EXPECT_FALSE(SaveEntry(c.entry));
-    EXPECT_EQ(platform.TakeMessage().title, c.title);
+      {{"123456", kBoid, kFormat, folder / "missing"}, "Invalid Backup Location"}};
+  for (const auto& [entry, title] : cases) {
+    EXPECT_FALSE(SaveEntry(entry));
+    EXPECT_EQ(platform.TakeMessage().title, title);
     EXPECT_EQ(Settings, kFormer);
     EXPECT_EQ(program.EntryCount(), 0);
-    EXPECT_EQ(BoList.Count(), 0);
   }
-}
-
-TEST_F(SettingsEntryTest, AFileThatCannotBeWrittenStillLoadsTheListsOfTheNewLocation) {
-  platform.programFolder = WithoutBackslash(program / "missing\\");
-  EXPECT_TRUE(SaveEntry({"123456", kBoid, kFormat, work.Path()}));
-  EXPECT_EQ(platform.TakeMessage().title, kApplicationTitle);
-  EXPECT_EQ(Settings.backupLocation, work.Path());
-  EXPECT_EQ(BoList.Count(), 2);
 }
 
 }  // namespace

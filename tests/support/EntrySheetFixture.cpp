@@ -1,27 +1,19 @@
 #include "tests/support/EntrySheetFixture.h"
 
 namespace tallyrun::testing {
-namespace {
-
-std::string ListText(std::string captions, const std::vector<std::string>& records) {
-  for (const std::string& record : records) captions += "\r\n" + record;
-  return captions;
-}
-
-}  // namespace
-
 void SetBoList(const std::vector<std::string>& records) {
-  RecordList::Read(BoList, ListText("S/N~BO ID~BO Name~Client Code", records), BoField::kCount,
-                   true);
+  std::string text = "S/N~BO ID~BO Name~Client Code";
+  for (const std::string& record : records) text += "\r\n" + record;
+  RecordList::Read(BoList, text, BoField::kCount, true);
 }
 
 void SetIsinList(const std::vector<std::string>& records) {
-  RecordList::Read(IsinList, ListText("S/N~ISIN Code~ISIN Name~Scrip ID~Scrip Code", records),
-                   IsinField::kCount, false);
+  std::string text = "S/N~ISIN Code~ISIN Name~Scrip ID~Scrip Code";
+  for (const std::string& record : records) text += "\r\n" + record;
+  RecordList::Read(IsinList, text, IsinField::kCount, false);
 }
 
 EntrySheetFixture::EntrySheetFixture() {
-  Settings = {"123456", "1201950000009999", "1201950000000000", ""};
   EntryMode = kPayIn;
   SetBoList({
       "1~1201950000000001~ANN ALDER~C1",
@@ -37,13 +29,6 @@ EntrySheetFixture::EntrySheetFixture() {
   grid.SetRows(2);
   grid.SetText(1, 0, "1");
   grid.SetMeasurer(TextMeasurer::FixedWidth(100));
-}
-
-EntrySheetFixture::~EntrySheetFixture() {
-  Settings = {};
-  EntryMode = {};
-  BoList = RecordList();
-  IsinList = RecordList();
 }
 
 }  // namespace tallyrun::testing

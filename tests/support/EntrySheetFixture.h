@@ -1,25 +1,13 @@
-// An entry sheet with small master lists, settings and the recorded platform, for tests of what
-// the sheet can do. Puts the process-wide state back afterwards.
+// A Pay In sheet with small master lists, for tests of what the sheet can do.
 #pragma once
 
-#include <gtest/gtest.h>
-
-#include "core/EntryRow.h"
-#include "core/FlexGrid.h"
-#include "core/Lists.h"
-#include "core/Settings.h"
-#include "tests/support/RecordingPlatform.h"
+#include "tests/support/ProgramFixture.h"
 
 namespace tallyrun::testing {
 
-class EntrySheetFixture : public ::testing::Test {
- protected:
-  EntrySheetFixture();
-  ~EntrySheetFixture() override;
-
+struct EntrySheetFixture : ProgramFixture {
   // One character is 100 twips wide.
-  FlexGrid grid;
-  RecordingPlatform platform;
+  EntrySheetFixture();
 };
 
 // Replaces the lists; each text is a record as it stands in the file, without the caption line.

@@ -2,6 +2,7 @@
 
 #include <cctype>
 #include <chrono>
+#include <gtest/gtest.h>
 
 #include "core/Platform.h"
 #include "ui/MessageLoop.h"
@@ -58,6 +59,29 @@ void PressKey(int virtualKey) {
 void TypeText(const std::string& text) {
   for (const char character : text) {
     PressKey(std::toupper(static_cast<unsigned char>(character)));
+  }
+}
+
+void ExpectControlsApart(const Form& form) {
+  for (const int dpi : {96, 144, 192}) {
+    const RECT suggested = {0, 0, 1200, 800};
+    SendMessageA(form.Handle(), WM_DPICHANGED, static_cast<WPARAM>(MAKELONG(dpi, dpi)),
+                 reinterpret_cast<LPARAM>(&suggested));
+    RECT client = {};
+    GetClientRect(form.Handle(), &client);
+    std::vector<RECT> placed;
+    for (const Control* control : form.Controls()) {
+      if (!IsWindowVisible(control->Handle())) continue;
+      const PixelRect bounds = control->Bounds();
+      const RECT place = {bounds.x, bounds.y, bounds.x + bounds.width, bounds.y + bounds.height};
+      RECT common = {};
+      EXPECT_TRUE(IntersectRect(&common, &place, &client) && EqualRect(&common, &place))
+          << control->Id() << " at " << dpi;
+      for (const RECT& other : placed) {
+        EXPECT_FALSE(IntersectRect(&common, &place, &other)) << control->Id() << " at " << dpi;
+      }
+      placed.push_back(place);
+    }
   }
 }
 

@@ -4,7 +4,7 @@
 #include <functional>
 #include <string>
 
-#include "ui/Control.h"
+#include "ui/Form.h"
 
 namespace tallyrun::testing {
 
@@ -23,5 +23,8 @@ void PressKey(int virtualKey);
 
 // Types `text`, letters and digits, into the window with the focus.
 void TypeText(const std::string& text);
+
+// The visible controls stand inside the window and apart from each other at any DPI.
+void ExpectControlsApart(const Form& form);
 
 }  // namespace tallyrun::testing

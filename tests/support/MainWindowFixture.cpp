@@ -4,23 +4,15 @@
 
 #include <commctrl.h>
 
-#include "core/modFileIO.h"
-#include "lists/ListKind.h"
 #include "ui/MessageLoop.h"
 
 namespace tallyrun::testing {
 
 MainWindowFixture::MainWindowFixture() {
   EntryMode = {};
-  Settings.backupLocation = folder.Path();
   window.Show();
   Pump();
   SetFocus(Item(frmMainIds::kFlxEntries));
-}
-
-MainWindowFixture::~MainWindowFixture() {
-  window.Unload();
-  CurrentListKind.clear();
 }
 
 void MainWindowFixture::Pump() {
@@ -101,11 +93,6 @@ void MainWindowFixture::PickDay(int id, const Date& date) {
   SendMessageA(window.Handle(), WM_NOTIFY, static_cast<WPARAM>(id),
                reinterpret_cast<LPARAM>(&change));
   Pump();
-}
-
-std::string MainWindowFixture::Write(const std::string& name, const std::string& text) {
-  WriteWholeFile(folder.Path() + name, text);
-  return folder.Path() + name;
 }
 
 }  // namespace tallyrun::testing

@@ -10,7 +10,6 @@
 #include "app/frmMainIds.h"
 #include "core/Conversion.h"
 #include "tests/support/EntrySheetFixture.h"
-#include "tests/support/TempFolder.h"
 
 namespace tallyrun::testing {
 
@@ -18,7 +17,7 @@ class MainWindowFixture : public EntrySheetFixture {
  protected:
   // The working folder is `folder`; the grid has the focus.
   MainWindowFixture();
-  ~MainWindowFixture() override;
+  ~MainWindowFixture() override { window.Unload(); }
 
   // Handles what is waiting, also when the window was just closed.
   static void Pump();
@@ -38,10 +37,7 @@ class MainWindowFixture : public EntrySheetFixture {
   Date PickedDay();
   // As a clerk picks a date in the picker's calendar.
   void PickDay(int id, const Date& date);
-  // A file in the working folder; gives back its path.
-  std::string Write(const std::string& name, const std::string& text);
 
-  TempFolder folder;
   frmMain window;
 };
 

@@ -27,13 +27,13 @@ class ProgramFixture : public ::testing::Test {
   }
 
   void ExpectWindow(const std::string& caption, PointerShape pointer = PointerShape::Normal) {
-    EXPECT_EQ(window.caption, caption);
-    EXPECT_EQ(window.pointer, pointer);
+    EXPECT_EQ(busyWindow.caption, caption);
+    EXPECT_EQ(busyWindow.pointer, pointer);
   }
 
   TempFolder folder;
   RecordingPlatform platform;
-  FakeBusyWindow window;
+  FakeBusyWindow busyWindow;
   FlexGrid grid;
 };
 

@@ -31,13 +31,14 @@ std::string TempFolder::operator/(std::string_view name) const {
   return Path() + std::string(name);
 }
 
-void TempFolder::Write(std::string_view name, std::string_view text) const {
+std::string TempFolder::Write(std::string_view name, std::string_view text) const {
   const fs::path path = Native(name);
   fs::create_directories(path.parent_path());
   std::ofstream file(path, std::ios::binary);
   file.write(text.data(), static_cast<std::streamsize>(text.size()));
   file.close();
   EXPECT_TRUE(file) << "cannot write " << path;
+  return *this / name;
 }
 
 std::string TempFolder::Read(std::string_view name) const {

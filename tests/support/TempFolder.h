@@ -19,9 +19,10 @@ class TempFolder {
   // The path of `name` in the folder.
   std::string operator/(std::string_view name) const;
 
-  // The file as bytes. Write makes the folders that `name` names. Both are apart from the file
+  // The file as bytes. Write makes the folders that `name` names and gives back
+  // the path. Both are apart from the file
   // routines under test; a failure fails the test.
-  void Write(std::string_view name, std::string_view text) const;
+  std::string Write(std::string_view name, std::string_view text) const;
   std::string Read(std::string_view name) const;
   bool Has(std::string_view name) const;
   void Remove(std::string_view name) const;

@@ -17,7 +17,7 @@ struct SendEntriesTest : ProgramFixture {
     EntryMode = kPayIn;
     grid.SetCols(2);
     FillRows(grid, {"1|a"});
-    platform.onMessage = [this](const Message&) { captionOfBox = window.caption; };
+    platform.onMessage = [this](const Message&) { captionOfBox = busyWindow.caption; };
   }
 
   // The client prints `output`, and stores `localFile` when it has any.
@@ -32,10 +32,10 @@ struct SendEntriesTest : ProgramFixture {
     };
   }
   EntrySend NewSend(const std::string& cell = "a") {
-    window.caption = kBusyCaption;
-    window.pointer = PointerShape::Hourglass;
+    busyWindow.caption = kBusyCaption;
+    busyWindow.pointer = PointerShape::Hourglass;
     FillRows(grid, {"1|" + cell});
-    return EntrySend(grid, Date{2010, 1, 5}, window, savedCaption);
+    return EntrySend(grid, Date{2010, 1, 5}, busyWindow, savedCaption);
   }
   bool HasTransferFiles() { return folder.Has("ftp2KTX.txt") || folder.Has("out.txt"); }
 
