@@ -41,12 +41,15 @@ void TextMatcher::ForEachLine(std::string_view text, Visit&& visit) const {
     found.clear();
   };
   const auto see = [&](std::size_t place, bool mayEnd) {
-    if (mayEnd && place + 1 - lineBegin >= kAnchorBytes) {
-      long_->FindAtEndOf(text.substr(lineBegin, place + 1 - lineBegin), found);
-    }
     if (text[place] == '\n' && place > lineBegin && text[place - 1] == '\r') {
       endLine(place - 1);
       lineBegin = place + 1;
+      return goesOn;
+    }
+    // A line's own CR belongs to no text in it.
+    const bool isLineEnd = text.substr(place, 2) == "\r\n";
+    if (mayEnd && !isLineEnd && place + 1 - lineBegin >= kAnchorBytes) {
+      long_->FindAtEndOf(text.substr(lineBegin, place + 1 - lineBegin), found);
     }
     return goesOn;
   };

@@ -74,7 +74,7 @@ struct RandomCase {
 TEST(HoldingSearchTest, FindsWhatReadingRowByRowFinds) {
   int found = 0;
   int missing = 0;
-  for (unsigned seed = 1; seed <= 2000; ++seed) {
+  for (unsigned seed = 1; seed <= 3000; ++seed) {
     const RandomCase random(seed);
     const HoldingFile file(random.file);
     const Lines expected = ReadRowByRow(file, random.query);
