@@ -80,27 +80,39 @@ class InternalRefNumbering {
 }  // namespace
 
 void FillAutoFields(FlexGrid& grid, const Date& deliveryDay) {
+  if (grid.Rows() < 2) return;
   RowLookups lookups(grid);
-  InternalRefNumbering numbering(grid);
-  const CellValue deliveryDate = grid.Intern(FormatDdMmmYyyy(deliveryDay));
-  const CellValue brokerId = grid.Intern(Settings.brokerId);
-  const CellValue clearingBoid = grid.Intern(Settings.clearingBoid);
   ColumnFitter fitter(grid);
+  InternalRefNumbering numbering(grid);
+  const auto fitted = [&fitter](int col, CellValue value) {
+    fitter.Fit(col, value);
+    return value;
+  };
+  const CellValue deliveryDate =
+      fitted(EntryColumn::kDeliveryDate, grid.Intern(FormatDdMmmYyyy(deliveryDay)));
+  const CellValue brokerId = fitted(EntryColumn::kBrokerId, grid.Intern(Settings.brokerId));
+  const CellValue clearingBoid =
+      fitted(EntryColumn::kClearingBoid, grid.Intern(Settings.clearingBoid));
+  // In a sorted sheet the rows of an account stand together.
+  CellValue clientCode = grid.Cell(1, EntryColumn::kClientCode);
+  CodeAndName account = lookups.AccountOf(clientCode);
   for (int row = 1; row < grid.Rows(); ++row) {
-    const auto put = [&, cells = grid.RowCells(row)](int col, CellValue value) {
-      cells[static_cast<std::size_t>(col)] = value;
-      fitter.Fit(col, value);
-    };
-    put(EntryColumn::kSerial, NumberCell(row));
-    put(EntryColumn::kDeliveryDate, deliveryDate);
-    put(EntryColumn::kBrokerId, brokerId);
-    put(EntryColumn::kClearingBoid, clearingBoid);
-    const CodeAndName account = lookups.AccountOf(grid.Cell(row, EntryColumn::kClientCode));
-    put(EntryColumn::kBoId, account.code);
-    put(EntryColumn::kBoName, account.name);
-    const CodeAndName security = lookups.SecurityOf(grid.Cell(row, EntryColumn::kScripId));
-    put(EntryColumn::kIsinCode, security.code);
-    put(EntryColumn::kIsinName, security.name);
+    const std::span<CellValue> cells = grid.RowCells(row);
+    cells[EntryColumn::kSerial] = fitted(EntryColumn::kSerial, NumberCell(row));
+    cells[EntryColumn::kDeliveryDate] = deliveryDate;
+    cells[EntryColumn::kBrokerId] = brokerId;
+    cells[EntryColumn::kClearingBoid] = clearingBoid;
+    if (row == 1 || cells[EntryColumn::kClientCode] != clientCode) {
+      clientCode = cells[EntryColumn::kClientCode];
+      account = lookups.AccountOf(clientCode);
+      fitter.Fit(EntryColumn::kBoId, account.code);
+      fitter.Fit(EntryColumn::kBoName, account.name);
+    }
+    cells[EntryColumn::kBoId] = account.code;
+    cells[EntryColumn::kBoName] = account.name;
+    const CodeAndName security = lookups.SecurityOf(cells[EntryColumn::kScripId]);
+    cells[EntryColumn::kIsinCode] = fitted(EntryColumn::kIsinCode, security.code);
+    cells[EntryColumn::kIsinName] = fitted(EntryColumn::kIsinName, security.name);
     numbering.FillRow(row);
   }
 }

@@ -3,10 +3,12 @@
 // all rows anew, so the answers outlive the object.
 #pragma once
 
+#include <span>
 #include <unordered_map>
 #include <vector>
 
 #include "core/FlexGrid.h"
+#include "core/Lookups.h"
 
 namespace tallyrun {
 
@@ -25,8 +27,9 @@ class RowLookups {
     const CodeAndName known = answers_.accounts.At(clientCode);
     return known.code != kUnknown ? known : LookUpAccount(clientCode);
   }
-  // Fetches what AccountOf will look at, for a client code that is asked a little later.
-  void PrefetchAccountOf(CellValue clientCode) const { answers_.accounts.Prefetch(clientCode); }
+  // Looks up what is unknown of some client codes at once, so that what one look at memory waits
+  // for is fetched for all of them together. Changes no answer.
+  void PrepareAccountsOf(std::span<const CellValue> clientCodes);
   // ISIN Code and ISIN Name for a scrip ID.
   CodeAndName SecurityOf(CellValue scripId) {
     const CodeAndName known = answers_.securities.At(scripId);
@@ -67,6 +70,16 @@ class RowLookups {
 
   FlexGrid& grid_;
   Answers& answers_;
+
+  // An account on its way from its client code to the sheet.
+  struct Sought {
+    CellValue clientCode;
+    int record;
+    AccountViews views;
+    FlexGrid::Interning boId;
+    FlexGrid::Interning boName;
+  };
+  std::vector<Sought> sought_;
 };
 
 }  // namespace tallyrun

@@ -1,13 +1,13 @@
 #include "app/Summarize.h"
 
+#include <algorithm>
 #include <cstdint>
 #include <limits>
-#include <string>
 #include <vector>
 
+#include "core/ColumnFitter.h"
 #include "core/Conversion.h"
 #include "core/EntryRow.h"
-#include "core/GridRows.h"
 #include "core/RuntimeError.h"
 
 namespace tallyrun {
@@ -19,6 +19,8 @@ bool AreSameEntry(const FlexGrid& grid, int row, int other) {
 }
 
 std::int32_t QuantityOf(const FlexGrid& grid, int row) {
+  const CellValue quantity = grid.Cell(row, EntryColumn::kQuantity);
+  if (IsNumber(quantity)) return static_cast<std::int32_t>(NumberOf(quantity));
   CellScratch scratch;
   return ToInt32(grid.View(row, EntryColumn::kQuantity, scratch));
 }
@@ -48,9 +50,8 @@ class MergedRows {
     for (int row = 1; row < grid_.Rows(); ++row) {
       if (merged_[static_cast<std::size_t>(row)]) continue;
       if (kept != row) {
-        for (int col = 1; col < grid_.Cols(); ++col) {
-          grid_.SetCell(kept, col, grid_.Cell(row, col));
-        }
+        const auto cells = grid_.RowCells(row).subspan(1);
+        std::copy(cells.begin(), cells.end(), grid_.RowCells(kept).begin() + 1);
       }
       ++kept;
     }
@@ -63,11 +64,13 @@ class MergedRows {
 };
 
 void MergeUpward(FlexGrid& grid, MergedRows& merged) {
+  ColumnFitter fitter(grid);
   for (int row = grid.Rows() - 1; row > 1; --row) {
     if (!AreSameEntry(grid, row, row - 1)) continue;
     const std::int32_t quantity = Sum(QuantityOf(grid, row - 1), QuantityOf(grid, row));
-    grid.SetText(row - 1, EntryColumn::kQuantity, std::to_string(quantity));
-    FitColumnWidth(grid, row - 1, EntryColumn::kQuantity);
+    const CellValue cell = grid.InternNumber(quantity);
+    grid.SetCell(row - 1, EntryColumn::kQuantity, cell);
+    fitter.Fit(EntryColumn::kQuantity, cell);
     merged.Mark(row);
   }
 }

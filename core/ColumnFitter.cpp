@@ -16,7 +16,9 @@ void ColumnFitter::FitText(int col, Column& column, CellValue text) {
     column.fitting.resize(std::max<std::size_t>(grid_.DistinctTexts(), bit + 1) / 64 * 2 + 1);
   }
   column.fitting[bit / 64] |= std::uint64_t{1} << (bit % 64);
-  Widen(col, text);
+  // A column made for long texts needs no look at short ones.
+  const int most = grid_.Measurer().MostWidthOf(grid_.TextOf(text).size());
+  if (grid_.ColWidth(col) < most + margin_) Widen(col, text);
 }
 
 // A column that fits as many of the widest digit as the number has digits fits every number up to

@@ -11,31 +11,11 @@
 namespace tallyrun {
 namespace {
 
-// What stands in a column.
-struct DistinctValues {
-  std::vector<CellValue> texts;  // each once
-  bool anyNumber = false;
-  std::uint32_t bitsOfNumbers = 0;  // all that any of them has
-};
-
-DistinctValues DistinctTextsOf(const FlexGrid& grid, const std::vector<CellValue>& column) {
-  DistinctValues values;
-  std::vector<bool> isKnown(grid.DistinctTexts());
-  for (const CellValue value : column) {
-    if (IsNumber(value)) {
-      values.anyNumber = true;
-      values.bitsOfNumbers |= NumberOf(value);
-    } else if (!isKnown[static_cast<std::size_t>(value)]) {
-      isKnown[static_cast<std::size_t>(value)] = true;
-      values.texts.push_back(value);
-    }
-  }
-  return values;
-}
-
-std::vector<std::uint32_t> DistinctNumbersOf(const std::vector<CellValue>& column) {
+// Those in the column, each once, sorted.
+std::vector<std::uint32_t> DistinctNumbersOf(const FlexGrid& grid, int col) {
   std::vector<KeyedItem> all;
-  for (const CellValue value : column) {
+  for (int row = 1; row < grid.Rows(); ++row) {
+    const CellValue value = grid.Cell(row, col);
     if (IsNumber(value)) all.push_back({NumberOf(value), NumberOf(value)});
   }
   RadixSort(all);
@@ -110,20 +90,60 @@ void SortWithinEqualKeys(const FlexGrid& grid, const SortKey& key,
 
 }  // namespace
 
+// The texts of a column, each once, and what its numbers have in common.
+class ColumnRanks::Distinct {
+ public:
+  explicit Distinct(const FlexGrid& grid) : isKnown_(grid.DistinctTexts()) {}
+
+  void Add(CellValue value) {
+    if (IsNumber(value)) {
+      anyNumber_ = true;
+      bitsOfNumbers_ |= NumberOf(value);
+    } else if (!isKnown_[static_cast<std::size_t>(value)]) {
+      isKnown_[static_cast<std::size_t>(value)] = true;
+      texts_.push_back(value);
+    }
+  }
+
+  const std::vector<CellValue>& Texts() const { return texts_; }
+  bool AnyNumber() const { return anyNumber_; }
+  // All bits that any number has.
+  std::uint32_t BitsOfNumbers() const { return bitsOfNumbers_; }
+
+ private:
+  std::vector<bool> isKnown_;
+  std::vector<CellValue> texts_;
+  bool anyNumber_ = false;
+  std::uint32_t bitsOfNumbers_ = 0;
+};
+
 double SortingNumber(std::string_view text) { return IsNumeric(text) ? ToDouble(text) : 0; }
 
-ColumnRanks::ColumnRanks(const FlexGrid& grid, const SortKey& key,
-                         const std::vector<CellValue>& column) {
-  DistinctValues distinct = DistinctTextsOf(grid, column);
-  if (key.numeric && distinct.texts.empty()) {
+std::vector<ColumnRanks> ColumnRanks::Of(const FlexGrid& grid, const std::vector<SortKey>& keys) {
+  std::vector<Distinct> distinct(keys.size(), Distinct(grid));
+  for (int row = 1; row < grid.Rows(); ++row) {
+    const auto cells = grid.RowCells(row);
+    for (std::size_t key = 0; key < keys.size(); ++key) {
+      distinct[key].Add(cells[static_cast<std::size_t>(keys[key].col)]);
+    }
+  }
+  std::vector<ColumnRanks> ranks;
+  for (std::size_t key = 0; key < keys.size(); ++key) {
+    ranks.push_back(ColumnRanks(grid, keys[key], distinct[key]));
+  }
+  return ranks;
+}
+
+ColumnRanks::ColumnRanks(const FlexGrid& grid, const SortKey& key, const Distinct& distinct) {
+  if (key.numeric && distinct.Texts().empty()) {
     areNumbersTheirRank_ = true;
-    bits_ = std::bit_width(distinct.bitsOfNumbers);
+    bits_ = std::bit_width(distinct.BitsOfNumbers());
     if (key.descending) flip_ = static_cast<std::uint32_t>((std::uint64_t{1} << bits_) - 1);
     return;
   }
-  if (distinct.anyNumber) numbers_ = DistinctNumbersOf(column);
+  if (distinct.AnyNumber()) numbers_ = DistinctNumbersOf(grid, key.col);
 
-  std::vector<CellValue> values = std::move(distinct.texts);
+  std::vector<CellValue> values = distinct.Texts();
   const std::size_t textCount = values.size();
   for (const std::uint32_t number : numbers_)
     values.push_back(NumberCell(static_cast<int>(number)));

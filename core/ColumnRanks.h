@@ -16,10 +16,11 @@ double SortingNumber(std::string_view text);
 
 class ColumnRanks {
  public:
-  // `column` holds the cells of the key's column, values of the grid in any order.
-  ColumnRanks(const FlexGrid& grid, const SortKey& key, const std::vector<CellValue>& column);
+  // Of the data rows of the grid, a column for each key in one pass over them.
+  static std::vector<ColumnRanks> Of(const FlexGrid& grid, const std::vector<SortKey>& keys);
 
-  // The place of one of those values: less for what comes first, equal for what compares as equal.
+  // The place of one of the column's values: less for what comes first, equal for what compares as
+  // equal.
   std::uint32_t Of(CellValue value) const {
     if (!IsNumber(value)) return texts_[static_cast<std::size_t>(value)];
     if (areNumbersTheirRank_) return NumberOf(value) ^ flip_;
@@ -29,6 +30,9 @@ class ColumnRanks {
   int Bits() const { return bits_; }
 
  private:
+  class Distinct;
+
+  ColumnRanks(const FlexGrid& grid, const SortKey& key, const Distinct& distinct);
   std::uint32_t OfNumber(std::uint32_t number) const;
 
   std::vector<std::uint32_t> texts_;        // by the text's number in the grid's pool

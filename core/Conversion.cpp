@@ -3,6 +3,7 @@
 #include <charconv>
 #include <cmath>
 #include <limits>
+#include <optional>
 #include <system_error>
 
 #include "core/Casing.h"
@@ -112,8 +113,24 @@ Reading ReadPlain(std::string_view text, double& value) {
   return Reading::Number;
 }
 
+// What nearly every quantity is: digits alone, few enough that a double holds them exactly.
+std::optional<double> ReadDigits(std::string_view text) {
+  constexpr std::size_t kExactDigits = 15;
+  if (text.empty() || text.size() > kExactDigits) return std::nullopt;
+  std::int64_t number = 0;
+  for (const char c : text) {
+    if (!IsDigit(c)) return std::nullopt;
+    number = number * 10 + (c - '0');
+  }
+  return static_cast<double>(number);
+}
+
 // Leaves the sign, the "$" and the parentheses off and reads what is between them.
 Reading ReadNumber(std::string_view text, double& value) {
+  if (const auto digits = ReadDigits(text)) {
+    value = *digits;
+    return Reading::Number;
+  }
   text = WithoutBlanksAround(text);
   if (TakeFront(text, '&')) return ReadBased(text, value);
 
@@ -137,12 +154,6 @@ Reading ReadNumber(std::string_view text, double& value) {
 }
 
 }  // namespace
-
-std::string_view Trim(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
-}
 
 std::string ToLower(std::string_view text) {
   const CaseTable& table = LowerCaseTable();

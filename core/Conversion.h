@@ -12,7 +12,11 @@
 namespace tallyrun {
 
 // Without the blanks (0x20) at both ends; no other white space is touched.
-std::string_view Trim(std::string_view text);
+inline std::string_view Trim(std::string_view text) {
+  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
+  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
+  return text;
+}
 
 // Every byte folded to lower case as the system code page does.
 std::string ToLower(std::string_view text);

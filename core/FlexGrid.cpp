@@ -39,9 +39,10 @@ void FlexGrid::RaiseOutOfRange() { throw RuntimeError(ErrorKind::SubscriptOutOfR
 void FlexGrid::SetRows(int rows) {
   if (rows < 1) throw RuntimeError(ErrorKind::InvalidCall);
   cells_.resize(static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols_), CellValue::Empty);
+  const bool shrinks = rows < rows_;
   rows_ = rows;
   DrawInside(topRow_);
-  ReleaseUnused();
+  if (shrinks) ReleaseUnused();
 }
 
 void FlexGrid::SetCols(int cols) {
@@ -94,10 +95,9 @@ void FlexGrid::SetText(int row, int col, std::string_view text) {
   MarkChanged();
 }
 
-std::string_view FlexGrid::View(CellValue value, CellScratch& scratch) const {
-  if (!IsNumber(value)) return TextOf(value);
+std::string_view FlexGrid::WriteNumber(CellValue number, CellScratch& scratch) {
   const auto end =
-      std::to_chars(scratch.data(), scratch.data() + scratch.size(), NumberOf(value)).ptr;
+      std::to_chars(scratch.data(), scratch.data() + scratch.size(), NumberOf(number)).ptr;
   return {scratch.data(), static_cast<std::size_t>(end - scratch.data())};
 }
 
@@ -106,20 +106,61 @@ CellValue FlexGrid::Intern(std::string_view text) {
   return static_cast<CellValue>(pool_.Intern(text));
 }
 
-void FlexGrid::ReorderRows(const std::vector<std::uint32_t>& order) {
+FlexGrid::Interning::Interning(const FlexGrid& grid, std::string_view text) {
+  if (const auto number = PlainNumber(text)) {
+    cell_ = NumberCell(*number);
+  } else {
+    key_ = TextKey(text);
+    grid.pool_.Prefetch(key_);
+  }
+}
+
+CellValue FlexGrid::InternNumber(std::int32_t number) {
+  constexpr std::int32_t kFirstTooLong = 1'000'000'000;
+  if (number >= 0 && number < kFirstTooLong) return NumberCell(number);
+  return Intern(std::to_string(number));
+}
+
+void FlexGrid::ReorderRows(std::vector<std::uint32_t> order) {
+  RequireEveryRowOnce(order);
+  const auto cols = static_cast<std::size_t>(cols_);
+  const auto rowAt = [this, cols](std::size_t row) { return cells_.data() + row * cols; };
+  // Follows each ring of rows that take one another's place, so that a million rows are moved
+  // without a second sheet to move them to. A ring jumps about in memory: what it comes to next
+  // but a few is fetched on the way.
+  constexpr int kAhead = 8;
+  const auto next = [&order](std::uint32_t row) { return order[row - 1]; };
+  std::vector<CellValue> kept(cols);
+  for (std::uint32_t first = 1; first <= order.size(); ++first) {
+    if (next(first) == first) continue;
+    std::copy_n(rowAt(first), cols, kept.begin());
+    std::uint32_t ahead = first;
+    for (int step = 0; step < kAhead; ++step) ahead = next(ahead);
+    std::uint32_t row = first;
+    while (next(row) != first) {
+      const std::uint32_t from = next(row);
+      __builtin_prefetch(rowAt(ahead));
+      ahead = next(ahead);
+      std::copy_n(rowAt(from), cols, rowAt(row));
+      order[row - 1] = row;
+      row = from;
+    }
+    std::copy_n(kept.begin(), cols, rowAt(row));
+    order[row - 1] = row;
+  }
+  MarkChanged();
+}
+
+void FlexGrid::RequireEveryRowOnce(const std::vector<std::uint32_t>& order) const {
   if (order.size() != static_cast<std::size_t>(rows_ - 1)) {
     throw RuntimeError(ErrorKind::InvalidCall);
   }
-  std::vector<CellValue> sorted;
-  sorted.reserve(cells_.size());
-  sorted.insert(sorted.end(), cells_.begin(), cells_.begin() + cols_);
+  std::vector<bool> isThere(order.size() + 1);
   for (const std::uint32_t row : order) {
     if (row < 1 || row > order.size()) RaiseOutOfRange();
-    const auto from = cells_.begin() + static_cast<std::ptrdiff_t>(row) * cols_;
-    sorted.insert(sorted.end(), from, from + cols_);
+    if (isThere[row]) throw RuntimeError(ErrorKind::InvalidCall);
+    isThere[row] = true;
   }
-  cells_ = std::move(sorted);
-  MarkChanged();
 }
 
 int FlexGrid::ColWidth(int col) const {

@@ -16,8 +16,8 @@
 namespace tallyrun {
 
 // A cell's content: the number of a text in the grid's pool or, with the top bit set, a plain
-// decimal number itself. Equal texts have equal values within one grid. Valid until the grid's
-// rows or columns are next resized.
+// decimal number itself. Equal texts have equal values within one grid. Valid until rows
+// are next taken from the grid or its columns are changed.
 enum class CellValue : std::uint32_t { Empty = 0 };
 
 // True for a cell that is held as a number, false for a text of the pool.
@@ -58,6 +58,8 @@ class FlexGrid {
   // caption row and one column stay: less raises InvalidCall.
   void SetRows(int rows);
   void SetCols(int cols);
+  // Room for as many rows, so that growing to them moves nothing. Changes nothing that is seen.
+  void ReserveRows(std::size_t rows) { cells_.reserve(rows * static_cast<std::size_t>(cols_)); }
   // Takes out data rows `first` to `last`. What stood on a later row moves up with it; what stood
   // on a removed one comes to stand on the row that took its place.
   void RemoveRows(int first, int last);
@@ -68,7 +70,9 @@ class FlexGrid {
   std::string_view View(int row, int col, CellScratch& scratch) const {
     return View(Cell(row, col), scratch);
   }
-  std::string_view View(CellValue value, CellScratch& scratch) const;
+  std::string_view View(CellValue value, CellScratch& scratch) const {
+    return IsNumber(value) ? WriteNumber(value, scratch) : TextOf(value);
+  }
 
   // The text of a value that is no number; kReadableBehindText bytes can be read behind it.
   std::string_view TextOf(CellValue value) const {
@@ -83,8 +87,24 @@ class FlexGrid {
     MarkChanged();
   }
   CellValue Intern(std::string_view text);
-  // Fetches what Intern will look at, for a text that is interned a little later.
-  void Prefetch(std::string_view text) const { pool_.Prefetch(text); }
+  // Of the number's decimal writing.
+  CellValue InternNumber(std::int32_t number);
+  // Intern in two steps, for whoever has many texts: what the second will look at is fetched
+  // meanwhile.
+  class Interning {
+   public:
+    Interning() = default;
+    Interning(const FlexGrid& grid, std::string_view text);
+
+   private:
+    friend class FlexGrid;
+    CellValue cell_ = CellValue::Empty;  // of a number
+    TextKey key_;                        // of any other text
+  };
+  CellValue Intern(const Interning& begun) {
+    if (begun.cell_ != CellValue::Empty || begun.key_.text.empty()) return begun.cell_;
+    return static_cast<CellValue>(pool_.Intern(begun.key_));
+  }
   // A row's cells, column 0 first, for a pass that handles many: checked once a row.
   std::span<const CellValue> RowCells(int row) const {
     return {&cells_[IndexOf(row, 0)], static_cast<std::size_t>(cols_)};
@@ -100,7 +120,7 @@ class FlexGrid {
 
   // Puts the data rows into a new order: row 1 + i becomes what row order[i] was. `order` holds
   // every data row once.
-  void ReorderRows(const std::vector<std::uint32_t>& order);
+  void ReorderRows(std::vector<std::uint32_t> order);
 
   // Column widths in twips.
   int ColWidth(int col) const;
@@ -157,6 +177,8 @@ class FlexGrid {
     changed_ = true;
     if (observer_ != nullptr) observer_->GridChanged();
   }
+  static std::string_view WriteNumber(CellValue number, CellScratch& scratch);
+  void RequireEveryRowOnce(const std::vector<std::uint32_t>& order) const;
   int MaxTopRow() const;
   void DrawInside(int topRow);
   void ReleaseUnused();

@@ -38,8 +38,11 @@ std::string LookupBoIdByClientCode(std::string_view clientCode) {
 
 std::string LookupBoName(std::string_view boId) { return std::string(BoNameOf(boId)); }
 
-AccountViews LookupAccount(std::string_view clientCode) {
-  const int record = BoList.FindEqualWithoutCr(BoField::kClientCode, clientCode);
+int FindAccount(std::string_view clientCode) {
+  return BoList.FindEqualWithoutCr(BoField::kClientCode, clientCode);
+}
+
+AccountViews AccountAt(int record) {
   if (record == 0) return {"", BoNameOf("")};
   const int named = BoList.FirstEqualTo(record, BoField::kBoId);
   return {BoList.Field(record, BoField::kBoId), BoList.Field(named, BoField::kBoName)};

@@ -17,31 +17,24 @@ std::size_t BucketOf(const char* run) {
 
 }  // namespace
 
-EqualityIndex::EqualityIndex(FieldColumn column, CarriageReturns carriageReturns)
-    : column_(std::move(column)) {
-  places_.Reserve(column_.size());
-  firstEqual_.resize(column_.empty() ? 0 : static_cast<std::size_t>(column_.back().record) + 1);
-  for (std::size_t place = 0; place < column_.size(); ++place) {
-    std::string_view& text = column_[place].text;
+EqualityIndex::EqualityIndex(const FieldColumn& column, CarriageReturns carriageReturns) {
+  const std::size_t records =
+      column.empty() ? 0 : static_cast<std::size_t>(column.back().record) + 1;
+  texts_.resize(records);
+  firstEqual_.resize(records);
+  firstRecords_.Reserve(column.size());
+  for (const FieldOfRecord& field : column) {
+    const auto record = static_cast<std::uint32_t>(field.record);
+    std::string_view text = field.text;
     if (carriageReturns == CarriageReturns::TakenOut && text.find('\r') != std::string_view::npos) {
       std::erase(changedTexts_.emplace_back(text), '\r');
       text = changedTexts_.back();
     }
-    const int record = column_[place].record;
-    const std::uint32_t first = PlaceOf(text);
-    if (first == TextTable::kNone) places_.Add(text, static_cast<std::uint32_t>(place) + 1);
-    firstEqual_[static_cast<std::size_t>(record)] =
-        first == TextTable::kNone ? record : column_[first - 1].record;
+    texts_[record] = text;
+    const int first = Find(text);
+    if (first == 0) firstRecords_.Add(TextKey(text), record);
+    firstEqual_[record] = first == 0 ? field.record : first;
   }
-}
-
-int EqualityIndex::Find(std::string_view text) const {
-  const std::uint32_t place = PlaceOf(text);
-  return place == TextTable::kNone ? 0 : column_[place - 1].record;
-}
-
-std::uint32_t EqualityIndex::PlaceOf(std::string_view text) const {
-  return places_.Find(text, [this](std::uint32_t place) { return column_[place - 1].text; });
 }
 
 ContainingIndex::ContainingIndex(const FieldColumn& column) : bucketBegins_(kBuckets + 1) {

@@ -27,23 +27,26 @@ class EqualityIndex {
  public:
   enum class CarriageReturns { Kept, TakenOut };
 
-  EqualityIndex(FieldColumn column, CarriageReturns carriageReturns);
+  EqualityIndex(const FieldColumn& column, CarriageReturns carriageReturns);
 
   // The first record whose field is `text`, or 0.
-  int Find(std::string_view text) const;
-  // The same for the text that stands in the field of `record`; 0 when that has no such field.
+  int Find(std::string_view text) const {
+    return static_cast<int>(
+        firstRecords_.Find(TextKey(text), [this](std::uint32_t record) { return texts_[record]; }));
+  }
+  // Fetches what Find will look at, for a text that is looked for a little later.
+  void Prefetch(std::string_view text) const { firstRecords_.Prefetch(TextKey(text)); }
+  // Find for the text that stands in the field of `record`; 0 when that has no such field.
   int FirstEqualTo(int record) const {
     const auto at = static_cast<std::size_t>(record);
     return at < firstEqual_.size() ? firstEqual_[at] : 0;
   }
 
  private:
-  std::uint32_t PlaceOf(std::string_view text) const;
-
-  FieldColumn column_;
-  std::deque<std::string> changedTexts_;  // those that had a carriage return
-  TextTable places_;                      // in column_, from 1; the first of equal texts
+  std::vector<std::string_view> texts_;   // by record
   std::vector<int> firstEqual_;           // by record
+  TextTable firstRecords_;                // of every text
+  std::deque<std::string> changedTexts_;  // those that had a carriage return
 };
 
 class ContainingIndex {

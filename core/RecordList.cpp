@@ -48,6 +48,7 @@ struct RecordList::State {
   void RepairLast(std::size_t fields);
   FieldColumn Column(int field) const;
   const EqualityIndex& Equal(int field);
+  const EqualityIndex& EqualWithoutCr(int field);
 };
 
 void RecordList::State::Append(std::string_view line, std::size_t fields) {
@@ -136,11 +137,22 @@ int RecordList::FirstEqualTo(int record, int field) const {
   return state_->Equal(field).FirstEqualTo(record);
 }
 
+const EqualityIndex& RecordList::State::EqualWithoutCr(int field) {
+  return IndexOf(equalWithoutCr, field, [&] {
+    return EqualityIndex(Column(field), EqualityIndex::CarriageReturns::TakenOut);
+  });
+}
+
 int RecordList::FindEqualWithoutCr(int field, std::string_view text) const {
-  const auto make = [&] {
-    return EqualityIndex(state_->Column(field), EqualityIndex::CarriageReturns::TakenOut);
-  };
-  return IndexOf(state_->equalWithoutCr, field, make).Find(text);
+  return state_->EqualWithoutCr(field).Find(text);
+}
+
+void RecordList::PrefetchEqualWithoutCr(int field, std::string_view text) const {
+  state_->EqualWithoutCr(field).Prefetch(text);
+}
+
+void RecordList::PrefetchRecord(int record) const {
+  __builtin_prefetch(&state_->places[state_->firstPlaces[static_cast<std::size_t>(record) - 1]]);
 }
 
 int RecordList::FindContaining(int field, std::string_view text) const {

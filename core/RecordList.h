@@ -40,6 +40,10 @@ class RecordList {
   int FindEqualWithoutCr(int field, std::string_view text) const;
   // FindEqual for what stands in the field of `record`; 0 when that has no such field.
   int FirstEqualTo(int record, int field) const;
+  // Fetch what FindEqualWithoutCr and Field will look at, for a text or a record that is asked a
+  // little later.
+  void PrefetchEqualWithoutCr(int field, std::string_view text) const;
+  void PrefetchRecord(int record) const;
   // The first record whose field contains `text` in any letter case, or 0. An empty text is
   // contained in every field.
   int FindContaining(int field, std::string_view text) const;

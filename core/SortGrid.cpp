@@ -43,61 +43,50 @@ bool IsSorted(const FlexGrid& grid, const std::vector<SortKey>& keys) {
   return true;
 }
 
-// The cells of the keys' columns, copied in one pass over the rows: every later pass then reads
-// its column alone.
-std::vector<std::vector<CellValue>> ColumnsOf(const FlexGrid& grid,
-                                              const std::vector<SortKey>& keys) {
-  std::vector<std::vector<CellValue>> columns(keys.size());
-  for (auto& column : columns) column.reserve(static_cast<std::size_t>(grid.Rows() - 1));
-  for (int row = 1; row < grid.Rows(); ++row) {
-    const auto cells = grid.RowCells(row);
-    for (std::size_t key = 0; key < keys.size(); ++key) {
-      columns[key].push_back(cells[static_cast<std::size_t>(keys[key].col)]);
-    }
-  }
-  return columns;
-}
-
 class RowSort {
  public:
   RowSort(const FlexGrid& grid, const std::vector<SortKey>& keys)
-      : grid_(grid), keys_(keys), columns_(ColumnsOf(grid, keys)) {
+      : grid_(grid), keys_(keys), ranks_(ColumnRanks::Of(grid, keys)) {
     items_.resize(static_cast<std::size_t>(grid.Rows() - 1));
-    for (std::uint32_t at = 0; at < items_.size(); ++at) items_[at].item = at;
+    for (std::uint32_t at = 0; at < items_.size(); ++at) items_[at].item = at + 1;
   }
 
   std::vector<std::uint32_t> Order() {
-    for (std::size_t key = keys_.size(); key > 0;) key = SortByKeysBefore(key);
+    for (std::size_t end = keys_.size(); end > 0;) {
+      const std::size_t begin = FirstKeyBefore(end);
+      for (KeyedItem& each : items_) each.key = KeyOf(static_cast<int>(each.item), begin, end);
+      RadixSort(items_);
+      end = begin;
+    }
     std::vector<std::uint32_t> order;
     order.reserve(items_.size());
-    for (const KeyedItem& each : items_) order.push_back(each.item + 1);
+    for (const KeyedItem& each : items_) order.push_back(each.item);
     return order;
   }
 
  private:
-  // Sorts by as many keys before `end` as fit into one word, the first being the major one, and
-  // says which key they begin with.
-  std::size_t SortByKeysBefore(std::size_t end) {
-    for (KeyedItem& each : items_) each.key = 0;
+  // The first of the keys before `end` whose places fit into one word together.
+  std::size_t FirstKeyBefore(std::size_t end) const {
     int bits = 0;
-    for (; end > 0; --end) {
-      const std::vector<CellValue>& column = columns_[end - 1];
-      const ColumnRanks ranks(grid_, keys_[end - 1], column);
-      if (ranks.Bits() == 0) continue;
-      if (ranks.Bits() > 64 - bits) break;
-      for (KeyedItem& each : items_) {
-        each.key |= std::uint64_t{ranks.Of(column[each.item])} << bits;
-      }
-      bits += ranks.Bits();
-    }
-    RadixSort(items_);
+    while (end > 0 && bits + ranks_[end - 1].Bits() <= 64) bits += ranks_[--end].Bits();
     return end;
+  }
+
+  // The row's places in these keys as one number, the first key's being the major part.
+  std::uint64_t KeyOf(int row, std::size_t begin, std::size_t end) const {
+    const auto cells = grid_.RowCells(row);
+    std::uint64_t word = 0;
+    for (std::size_t key = begin; key < end; ++key) {
+      const CellValue value = cells[static_cast<std::size_t>(keys_[key].col)];
+      word = word << ranks_[key].Bits() | ranks_[key].Of(value);
+    }
+    return word;
   }
 
   const FlexGrid& grid_;
   const std::vector<SortKey>& keys_;
-  std::vector<std::vector<CellValue>> columns_;
-  std::vector<KeyedItem> items_;  // by data row, from 0
+  const std::vector<ColumnRanks> ranks_;
+  std::vector<KeyedItem> items_;  // by row
 };
 
 }  // namespace

@@ -8,11 +8,12 @@
 
 namespace tallyrun {
 namespace {
+constexpr std::size_t kFirstSlots = 64;  // a power of two, as every size is
 constexpr std::size_t kBlockBytes = 256 * 1024;
 constexpr char kNoText[kReadableBehindText + 1] = {};
 }  // namespace
 
-TextPool::TextPool() { entries_.push_back({kNoText, 0}); }
+TextPool::TextPool() : slots_(kFirstSlots) { entries_.push_back({kNoText, 0}); }
 
 const char* TextPool::Store(std::string_view text) {
   if (text.size() + kReadableBehindText > freeBytes_) {
@@ -32,19 +33,34 @@ const char* TextPool::Store(std::string_view text) {
   return stored;
 }
 
-TextPool::Id TextPool::Add(std::string_view text) {
+TextPool::Id TextPool::Add(const TextKey& key) {
+  const std::string_view text = key.text;
   // The number's top bit belongs to the grid's cells, and a length is 32 bits wide.
   if (text.size() > std::numeric_limits<std::uint32_t>::max() ||
       entries_.size() >= std::numeric_limits<std::uint32_t>::max() / 2) {
     throw RuntimeError(ErrorKind::OutOfMemory);
   }
-  // Before the text goes in, so that a failed allocation leaves the pool as it was.
-  ids_.PrepareToAdd();
+  // Before the text goes in, so that a failed allocation leaves the pool as it was. At most three
+  // slots in four are taken.
+  if (entries_.size() * 4 >= slots_.size() * 3) GrowSlots();
   const auto id = static_cast<Id>(entries_.size());
   entries_.push_back({Store(text), static_cast<std::uint32_t>(text.size())});
-  ids_.Add(text, id);
+  PutIntoFreeSlot(id, key.hash);
   anyLineEnd_ = anyLineEnd_ || text.find("\r\n") != std::string_view::npos;
   return id;
+}
+
+void TextPool::PutIntoFreeSlot(Id id, std::uint64_t hash) {
+  const std::size_t mask = slots_.size() - 1;
+  std::size_t at = hash & mask;
+  while (slots_[at].id != kEmpty) at = (at + 1) & mask;
+  slots_[at] = {static_cast<std::uint32_t>(hash >> 32), id};
+}
+
+// The texts are hashed anew, in the order in which they lie in memory.
+void TextPool::GrowSlots() {
+  slots_ = std::vector<Slot>(slots_.size() * 4);
+  for (Id id = 1; id < entries_.size(); ++id) PutIntoFreeSlot(id, TextKey(View(id)).hash);
 }
 
 }  // namespace tallyrun

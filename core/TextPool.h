@@ -21,13 +21,20 @@ class TextPool {
   TextPool();
 
   // The text's number, storing it when it is new.
-  Id Intern(std::string_view text) {
-    if (text.empty()) return kEmpty;
-    const Id known = ids_.Find(text, [this](Id id) { return View(id); });
-    return known != TextTable::kNone ? known : Add(text);
+  Id Intern(std::string_view text) { return text.empty() ? kEmpty : Intern(TextKey(text)); }
+  // The same for a text that is not empty.
+  Id Intern(const TextKey& key) {
+    const std::size_t mask = slots_.size() - 1;
+    const std::uint32_t tag = TagOf(key);
+    for (std::size_t at = key.hash & mask; slots_[at].id != kEmpty; at = (at + 1) & mask) {
+      if (slots_[at].tag == tag && SameText(View(slots_[at].id), key.text)) return slots_[at].id;
+    }
+    return Add(key);
   }
-  // Fetches what Intern will look at, for texts that are interned a little later.
-  void Prefetch(std::string_view text) const { ids_.Prefetch(text); }
+  // Fetches what Intern will look at, for a text that is interned a little later.
+  void Prefetch(const TextKey& key) const {
+    __builtin_prefetch(&slots_[key.hash & (slots_.size() - 1)]);
+  }
   // The text stays where it is for as long as the pool lives; kReadableBehindText bytes behind it
   // can be read.
   std::string_view View(Id id) const { return {entries_[id].text, entries_[id].length}; }
@@ -43,12 +50,24 @@ class TextPool {
     std::uint32_t length;
   };
 
+  // Most texts of a large sheet are met once or twice: what counts is that many slots are seen in
+  // one look at memory, so a slot has no more than part of the hash beside the number.
+  struct Slot {
+    std::uint32_t tag = 0;
+    Id id = kEmpty;  // kEmpty marks a free slot
+  };
+
+  static std::uint32_t TagOf(const TextKey& key) {
+    return static_cast<std::uint32_t>(key.hash >> 32);
+  }
+  void GrowSlots();
+  void PutIntoFreeSlot(Id id, std::uint64_t hash);
   const char* Store(std::string_view text);
-  Id Add(std::string_view text);
+  Id Add(const TextKey& key);
 
   std::uint64_t edition_ = NewEdition();
   std::vector<Entry> entries_;
-  TextTable ids_;  // of all but the empty text
+  std::vector<Slot> slots_;  // open addressing; of all but the empty text
   std::vector<std::unique_ptr<char[]>> blocks_;
   char* free_ = nullptr;
   std::size_t freeBytes_ = 0;

@@ -5,9 +5,9 @@
 
 namespace tallyrun {
 
-void TextTable::Put(const Slot& slot, std::vector<Slot>& slots) {
+void TextTable::Put(const Slot& slot, std::uint64_t hash, std::vector<Slot>& slots) {
   const std::size_t mask = slots.size() - 1;
-  std::size_t at = HashOf(slot) & mask;
+  std::size_t at = hash & mask;
   while (slots[at].number != kNone) at = (at + 1) & mask;
   slots[at] = slot;
 }
@@ -15,7 +15,8 @@ void TextTable::Put(const Slot& slot, std::vector<Slot>& slots) {
 void TextTable::Rehash(std::size_t slots) {
   std::vector<Slot> rehashed(slots);
   for (const Slot& slot : slots_) {
-    if (slot.number != kNone) Put(slot, rehashed);
+    if (slot.number == kNone) continue;
+    Put(slot, slot.length <= kWordBytes ? HashWord(slot.word, slot.length) : slot.word, rehashed);
   }
   slots_ = std::move(rehashed);
 }
@@ -30,11 +31,9 @@ void TextTable::Reserve(std::size_t texts) {
   if (slots > slots_.size()) Rehash(slots);
 }
 
-void TextTable::Add(std::string_view text, std::uint32_t number) {
+void TextTable::Add(const TextKey& key, std::uint32_t number) {
   PrepareToAdd();
-  Slot slot = SlotFor(text);
-  slot.number = number;
-  Put(slot, slots_);
+  Put({key.word, static_cast<std::uint32_t>(key.text.size()), number}, key.hash, slots_);
   ++used_;
 }
 

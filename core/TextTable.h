@@ -15,21 +15,36 @@
 
 namespace tallyrun {
 
+// A text with what a table looks for, worked out once for several tables or looks.
+struct TextKey {
+  explicit TextKey(std::string_view of)
+      : text(of),
+        word(of.size() <= kWordBytes ? WordOf(of) : HashText(of)),
+        hash(of.size() <= kWordBytes ? HashWord(word, of.size()) : word) {}
+  // Empty; what an array is made of before it is filled.
+  TextKey() : TextKey(std::string_view()) {}
+
+  std::string_view text;
+  std::uint64_t word;  // all bytes of a short text, else the hash
+  std::uint64_t hash;
+};
+
 class TextTable {
  public:
   static constexpr std::uint32_t kNone = 0;
 
   TextTable() : slots_(kFirstSlots) {}
 
-  // The number of `text`, or kNone. `textOf(number)` gives the text that a number was added for.
+  // The number of the text, or kNone. `textOf(number)` gives the text that a number was added for.
   template <class TextOf>
-  std::uint32_t Find(std::string_view text, TextOf textOf) const {
-    const Slot wanted = SlotFor(text);
+  std::uint32_t Find(const TextKey& wanted, TextOf textOf) const {
     const std::size_t mask = slots_.size() - 1;
-    for (std::size_t at = HashOf(wanted) & mask; slots_[at].number != kNone; at = (at + 1) & mask) {
+    for (std::size_t at = wanted.hash & mask; slots_[at].number != kNone; at = (at + 1) & mask) {
       const Slot& slot = slots_[at];
-      if (slot.key != wanted.key || slot.length != wanted.length) continue;
-      if (text.size() <= kWordBytes || SameText(textOf(slot.number), text)) return slot.number;
+      if (slot.word != wanted.word || slot.length != wanted.text.size()) continue;
+      if (slot.length <= kWordBytes || SameText(textOf(slot.number), wanted.text)) {
+        return slot.number;
+      }
     }
     return kNone;
   }
@@ -37,31 +52,24 @@ class TextTable {
   // Makes room for one text more. Add raises nothing when it comes before.
   void PrepareToAdd();
   // Adds a text that is not in the table, with a number that is not kNone.
-  void Add(std::string_view text, std::uint32_t number);
+  void Add(const TextKey& key, std::uint32_t number);
   void Reserve(std::size_t texts);
 
-  // Fetches what Find will look at, for texts that are looked for a little later.
-  void Prefetch(std::string_view text) const {
-    __builtin_prefetch(&slots_[HashOf(SlotFor(text)) & (slots_.size() - 1)]);
+  // Fetches what Find will look at, for a text that is looked for a little later.
+  void Prefetch(const TextKey& key) const {
+    __builtin_prefetch(&slots_[key.hash & (slots_.size() - 1)]);
   }
 
  private:
   static constexpr std::size_t kFirstSlots = 64;  // a power of two, as every size is
 
   struct Slot {
-    std::uint64_t key = 0;
+    std::uint64_t word = 0;
     std::uint32_t length = 0;
     std::uint32_t number = kNone;  // kNone marks a free slot
   };
 
-  static Slot SlotFor(std::string_view text) {
-    return {text.size() <= kWordBytes ? WordOf(text) : HashText(text),
-            static_cast<std::uint32_t>(text.size()), kNone};
-  }
-  static std::uint64_t HashOf(const Slot& slot) {
-    return slot.length <= kWordBytes ? HashWord(slot.key, slot.length) : slot.key;
-  }
-  static void Put(const Slot& slot, std::vector<Slot>& slots);
+  static void Put(const Slot& slot, std::uint64_t hash, std::vector<Slot>& slots);
   void Rehash(std::size_t slots);
 
   std::vector<Slot> slots_;

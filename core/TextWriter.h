@@ -59,12 +59,20 @@ class TextWriter {
     end_ += count;
   }
 
+  // Few as they mostly are, they are set in steps of fixed length.
+  void AppendBlanks(std::size_t count) {
+    if (count > kBlanks || Room() < kBlanks) return AppendRepeated(count, ' ');
+    std::memset(end_, ' ', kBlanks);
+    end_ += count;
+  }
+
   // Hands on what is left.
   void Finish() { HandOn(); }
 
  private:
   static constexpr std::size_t kBytes = 256 * 1024;
   static constexpr std::size_t kMostDigits = 10;
+  static constexpr std::size_t kBlanks = 64;
 
   std::size_t Room() const { return static_cast<std::size_t>(buffer_.get() + kBytes - end_); }
   void HandOn() {

@@ -1,5 +1,8 @@
 #include "core/TildeTable.h"
 
+#include <algorithm>
+#include <array>
+#include <span>
 #include <vector>
 
 #include "core/ColumnFitter.h"
@@ -34,13 +37,23 @@ void AppendCell(TextWriter& writer, const FlexGrid& grid, CellValue cell) {
 
 // Fills the grid from the places of all separators in turn. A sheet's columns mostly repeat what
 // stands in the line above, so a piece is compared with that before it is looked for among all
-// texts of the grid.
+// texts of the grid; and these are so many that what the pool will look at is fetched for some
+// lines together.
 class TableReader {
  public:
-  TableReader(std::string_view text, FlexGrid& grid)
-      : text_(text), grid_(grid), fitter_(grid), above_(static_cast<std::size_t>(grid.Cols())) {}
+  explicit TableReader(FlexGrid& grid)
+      : grid_(grid),
+        fitter_(grid),
+        above_(static_cast<std::size_t>(grid.Cols())),
+        aboveCells_(above_.size()) {}
 
-  void Read() {
+  // The next lines of the file, for which the grid has rows.
+  void Read(const LineBlock& block) {
+    text_ = block.text;
+    lineBegin_ = pieceBegin_ = 0;
+    // What stood above was read from the block before.
+    std::fill(above_.begin(), above_.end(), std::string_view());
+    std::fill(aboveCells_.begin(), aboveCells_.end(), CellValue::Empty);
     ForEachSeparator(text_, kCellMark, '\n', [this](std::size_t place) {
       if (text_[place] == kCellMark) {
         EndPiece(place);
@@ -51,14 +64,18 @@ class TableReader {
         col_ = 0;
       }
     });
-    EndLine(text_.size());
+    if (block.isLast) EndLine(text_.size());
+    FillGathered();
   }
 
  private:
   struct Piece {
-    std::string_view text;
-    CellValue cell = CellValue::Empty;
+    int row;
+    std::uint32_t col;
+    bool isAsAbove;
+    FlexGrid::Interning interning;  // of a piece that is not
   };
+  static constexpr std::size_t kGathered = 128;
 
   // An empty line has no piece at all.
   void EndLine(std::size_t place) {
@@ -66,22 +83,43 @@ class TableReader {
   }
 
   void EndPiece(std::size_t place) {
-    if (col_ == above_.size()) throw RuntimeError(ErrorKind::SubscriptOutOfRange);
+    if (col_ == above_.size()) {
+      FillGathered();
+      throw RuntimeError(ErrorKind::SubscriptOutOfRange);
+    }
     const std::string_view text = Trim(text_.substr(pieceBegin_, place - pieceBegin_));
     pieceBegin_ = place + 1;
-    Piece& above = above_[col_];
-    if (!SameText(text, above.text)) {
-      above = {text, grid_.Intern(text)};
-      fitter_.Fit(static_cast<int>(col_), above.cell);
+    Piece& piece = gathered_[gatheredCount_++];
+    piece.row = row_;
+    piece.col = static_cast<std::uint32_t>(col_);
+    piece.isAsAbove = SameText(text, above_[col_]);
+    if (!piece.isAsAbove) {
+      above_[col_] = text;
+      piece.interning = FlexGrid::Interning(grid_, text);
     }
-    grid_.RowCells(row_)[col_] = above.cell;
+    if (gatheredCount_ == kGathered) FillGathered();
     ++col_;
   }
 
-  const std::string_view text_;
+  void FillGathered() {
+    for (const Piece& piece : std::span(gathered_).first(gatheredCount_)) {
+      CellValue& cell = aboveCells_[piece.col];
+      if (!piece.isAsAbove) {
+        cell = grid_.Intern(piece.interning);
+        fitter_.Fit(static_cast<int>(piece.col), cell);
+      }
+      grid_.RowCells(piece.row)[piece.col] = cell;
+    }
+    gatheredCount_ = 0;
+  }
+
   FlexGrid& grid_;
   ColumnFitter fitter_;
-  std::vector<Piece> above_;  // the last piece of each column
+  std::string_view text_;                // the block at hand
+  std::vector<std::string_view> above_;  // the last piece of each column in it, ...
+  std::vector<CellValue> aboveCells_;    // ... and its cell, as far as cells are filled
+  std::array<Piece, kGathered> gathered_;
+  std::size_t gatheredCount_ = 0;
 
   int row_ = 0;
   std::size_t col_ = 0;
@@ -106,9 +144,24 @@ void WriteTildeTable(const FlexGrid& grid, const TextSink& sink) {
   writer.Finish();
 }
 
-void ReadTildeTable(std::string_view text, FlexGrid& grid) {
-  grid.SetRows(text.empty() ? 0 : static_cast<int>(CountLineEnds(text)) + 1);
-  TableReader(text, grid).Read();
+void ReadTildeTable(LineBlocks& blocks, FlexGrid& grid) {
+  LineBlock block = blocks.Next();
+  const auto lines = [&block] { return static_cast<int>(CountLineEnds(block.text)); };
+  if (block.isLast && block.text.empty()) grid.SetRows(0);
+  grid.ReserveRows(blocks.LinesToExpect(block));
+  grid.SetRows(lines() + 1);
+  TableReader reader(grid);
+  try {
+    for (; !block.isLast; grid.SetRows(grid.Rows() + lines())) {
+      reader.Read(block);
+      block = blocks.Next();
+    }
+    reader.Read(block);
+  } catch (...) {
+    // The lines that were never reached have their rows all the same.
+    for (; !block.isLast; grid.SetRows(grid.Rows() + lines())) block = blocks.Next();
+    throw;
+  }
 }
 
 }  // namespace tallyrun

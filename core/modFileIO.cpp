@@ -191,7 +191,8 @@ void SaveGridToFile(const FlexGrid& grid, const std::string& path) {
 bool LoadFileIntoGrid(const std::string& path, FlexGrid& grid) {
   try {
     ClearEntryGrid(grid);
-    ReadTildeTable(ReadWholeFile(path), grid);
+    LineBlocks blocks(path);
+    ReadTildeTable(blocks, grid);
     return true;
   } catch (const std::exception& error) {
     TellLoadFailure("Error loading file into list.", path, error);

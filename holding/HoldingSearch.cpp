@@ -115,7 +115,8 @@ std::vector<std::string_view> Search::DistinctTexts() {
   std::vector<std::string_view> texts;
   TextTable isins;  // by index plus 1; there are far fewer of them
   const auto isinOf = [&](std::uint32_t number) { return query_.isins[number - 1]; };
-  for (std::uint32_t i = 0; i < query_.isins.size(); ++i) isins.Add(query_.isins[i], i + 1);
+  for (std::uint32_t i = 0; i < query_.isins.size(); ++i)
+    isins.Add(TextKey(query_.isins[i]), i + 1);
   std::vector<bool> isBoId(query_.isins.size());
   const auto add = [&](std::string_view text, const Wanted& wanted) {
     if (text.empty()) {
@@ -127,7 +128,8 @@ std::vector<std::string_view> Search::DistinctTexts() {
     wanted_.push_back(wanted);
   };
   for (std::uint32_t i = 0; i < query_.boIds.size(); ++i) {
-    const std::uint32_t isin = isins.Find(query_.boIds[i], isinOf) - 1;  // kNone when it is none
+    const std::uint32_t isin =
+        isins.Find(TextKey(query_.boIds[i]), isinOf) - 1;  // kNone when it is none
     if (isin != kNone) isBoId[isin] = true;
     add(query_.boIds[i], {i, isin});
   }

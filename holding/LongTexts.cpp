@@ -54,7 +54,7 @@ void LongTexts::Add(std::uint32_t text) {
 }
 
 void LongTexts::AddToSeveral(std::uint32_t text) {
-  several_.Add(texts_[text].text, text + 1);
+  several_.Add(TextKey(texts_[text].text), text + 1);
   const std::size_t length = texts_[text].text.size();
   const auto place = std::lower_bound(lengths_.begin(), lengths_.end(), length);
   if (place == lengths_.end() || *place != length) lengths_.insert(place, length);
@@ -71,7 +71,7 @@ void LongTexts::FindAnchored(std::uint64_t anchor, std::string_view ending,
   for (const std::size_t length : lengths_) {
     if (length > ending.size()) break;
     const std::uint32_t place =
-        several_.Find(ending.substr(ending.size() - length),
+        several_.Find(TextKey(ending.substr(ending.size() - length)),
                       [this](std::uint32_t number) { return texts_[number - 1].text; });
     if (place != TextTable::kNone) found.push_back(texts_[place - 1].number);
   }

@@ -14,7 +14,7 @@ std::size_t AnchorBytesOf(std::string_view text) {
 ShortTexts::ShortTexts(const std::vector<NumberedText>& texts) : texts_(texts) {
   for (std::uint32_t place = 0; place < texts_.size(); ++place) {
     const std::string_view text = texts_[place].text;
-    places_.Add(text, place + 1);
+    places_.Add(TextKey(text), place + 1);
     const std::size_t anchorBytes = AnchorBytesOf(text);
     auto group = std::find_if(groups_.begin(), groups_.end(), [anchorBytes](const Group& each) {
       return each.anchorBytes == anchorBytes;
@@ -44,7 +44,7 @@ void ShortTexts::FindEnding(const Group& group, std::string_view ending,
   for (const std::size_t length : group.lengths) {
     if (length > ending.size()) break;
     const std::uint32_t place =
-        places_.Find(ending.substr(ending.size() - length),
+        places_.Find(TextKey(ending.substr(ending.size() - length)),
                      [this](std::uint32_t number) { return texts_[number - 1].text; });
     if (place != TextTable::kNone) found.push_back(texts_[place - 1].number);
   }

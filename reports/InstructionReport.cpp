@@ -6,6 +6,7 @@
 #include "core/ErrorTrap.h"
 #include "core/Platform.h"
 #include "core/Settings.h"
+#include "core/TextWriter.h"
 #include "core/modFileIO.h"
 
 namespace tallyrun {
@@ -43,60 +44,55 @@ constexpr std::size_t kSignatureWidth = 33;
 constexpr std::string_view kLeftSignature = "Authorized Signatory";
 constexpr std::string_view kRightSignature = "Approved By KTX Official";
 
-void AppendPadded(std::string& report, std::string_view text, int width, bool alignRight = false) {
+void AppendPadded(TextWriter& report, std::string_view text, int width, bool alignRight = false) {
   const auto size = static_cast<std::size_t>(width);
   const std::string_view kept = text.substr(0, size);
-  if (alignRight) report.append(size - kept.size(), ' ');
-  report += kept;
-  if (!alignRight) report.append(size - kept.size(), ' ');
+  if (alignRight) report.AppendBlanks(size - kept.size());
+  report.Append(kept);
+  if (!alignRight) report.AppendBlanks(size - kept.size());
 }
 
-void StartLine(std::string& report) { report += kLineEnd; }
+void StartLine(TextWriter& report) { report.Append(kLineEnd); }
 
-void AppendRule(std::string& report, char character) {
+void AppendRule(TextWriter& report, char character) {
   StartLine(report);
-  report.append(kReportWidth, character);
+  report.AppendRepeated(kReportWidth, character);
 }
 
 // The blanks under "Sl.#" with which the lines of an account begin.
-void StartAccountLine(std::string& report) {
+void StartAccountLine(TextWriter& report) {
   StartLine(report);
-  report.append(static_cast<std::size_t>(kSerialWidth), ' ');
-  report += kGap;
+  report.AppendBlanks(static_cast<std::size_t>(kSerialWidth));
+  report.Append(kGap);
 }
 
 class ReportBuilder {
  public:
-  explicit ReportBuilder(const FlexGrid& entries) : entries_(entries) {
-    constexpr std::size_t kLinesPerRow = 2;
-    report_.reserve((static_cast<std::size_t>(entries.Rows()) + 10) * kLinesPerRow *
-                    (kReportWidth + kLineEnd.size()));
-  }
+  ReportBuilder(const FlexGrid& entries, TextWriter& report) : entries_(entries), report_(report) {}
 
-  std::string Build(std::string_view title, const Date& printDate) {
+  void Build(std::string_view title, const Date& printDate) {
     AppendHeader(title, printDate);
     AppendColumnHeading();
     for (int row = 1; row < entries_.Rows(); ++row) AppendEntry(row);
     AppendRule(report_, '=');
-    return std::move(report_);
   }
 
  private:
   void AppendHeader(std::string_view title, const Date& printDate) {
-    report_.append(kReportWidth, '=');
+    report_.AppendRepeated(kReportWidth, '=');
     StartLine(report_);
-    report_ += title;
+    report_.Append(title);
     AppendRule(report_, '=');
     StartLine(report_);
-    report_ += kPrintDateLabel;
-    report_ += FormatDdMmmYyyy(printDate);
-    report_ += kDeliveryDateLabel;
+    report_.Append(kPrintDateLabel);
+    report_.Append(FormatDdMmmYyyy(printDate));
+    report_.Append(kDeliveryDateLabel);
     AppendCell(1, EntryColumn::kDeliveryDate, kHeaderValueWidth, true);
     StartLine(report_);
-    report_ += kBrokerLabel;
+    report_.Append(kBrokerLabel);
     AppendCell(1, EntryColumn::kBrokerId, kHeaderValueWidth, true);
     StartLine(report_);
-    report_ += kClearingLabel;
+    report_.Append(kClearingLabel);
     AppendPadded(report_, Settings.clearingBoid, kHeaderValueWidth, true);
     AppendRule(report_, '-');
   }
@@ -104,25 +100,25 @@ class ReportBuilder {
   void AppendColumnHeading() {
     StartAccountLine(report_);
     AppendPadded(report_, "A/C ID", kAccountIdWidth);
-    report_ += kGap;
+    report_.Append(kGap);
     AppendPadded(report_, "Name of Account Holder", kAccountNameWidth);
-    report_ += kGap;
+    report_.Append(kGap);
     AppendPadded(report_, "Client Code", kClientCodeWidth, true);
     StartAccountLine(report_);
-    report_.append(kAccountIdWidth, '-');
-    report_ += kGap;
-    report_.append(kAccountNameWidth, '-');
-    report_ += kGap;
-    report_.append(kClientCodeWidth, '-');
+    report_.AppendRepeated(kAccountIdWidth, '-');
+    report_.Append(kGap);
+    report_.AppendRepeated(kAccountNameWidth, '-');
+    report_.Append(kGap);
+    report_.AppendRepeated(kClientCodeWidth, '-');
     StartLine(report_);
     AppendPadded(report_, "Sl.#", kSerialWidth);
-    report_ += kGap;
+    report_.Append(kGap);
     AppendPadded(report_, "ISIN", kIsinWidth);
-    report_ += kGap;
+    report_.Append(kGap);
     AppendPadded(report_, "Name of ISIN", kIsinNameWidth);
-    report_ += kGap;
+    report_.Append(kGap);
     AppendPadded(report_, "Quantity", kQuantityWidth, true);
-    report_ += kGap;
+    report_.Append(kGap);
     AppendPadded(report_, "Trade Date", kTradeDateWidth, true);
     AppendRule(report_, '-');
   }
@@ -135,22 +131,22 @@ class ReportBuilder {
     }
     StartLine(report_);
     AppendPadded(report_, std::to_string(serial_++), kSerialWidth);
-    report_ += kGap;
+    report_.Append(kGap);
     AppendCell(row, EntryColumn::kIsinCode, kIsinWidth);
-    report_ += kGap;
+    report_.Append(kGap);
     AppendCell(row, EntryColumn::kIsinName, kIsinNameWidth);
-    report_ += kGap;
+    report_.Append(kGap);
     AppendCell(row, EntryColumn::kQuantity, kQuantityWidth, true);
-    report_ += kGap;
+    report_.Append(kGap);
     AppendCell(row, EntryColumn::kTradeDate, kTradeDateWidth, true);
   }
 
   void AppendAccountLine(int row) {
     StartAccountLine(report_);
     AppendCell(row, EntryColumn::kBoId, kAccountIdWidth);
-    report_ += kGap;
+    report_.Append(kGap);
     AppendCell(row, EntryColumn::kBoName, kAccountNameWidth);
-    report_ += kGap;
+    report_.Append(kGap);
     AppendCell(row, EntryColumn::kClientCode, kClientCodeWidth, true);
   }
 
@@ -165,56 +161,77 @@ class ReportBuilder {
   }
 
   const FlexGrid& entries_;
-  std::string report_;
+  TextWriter& report_;
   CellScratch scratch_{};
   int serial_ = 1;  // of the ISIN within its account
 };
 
-void AppendSignatures(std::string& report) {
+void AppendSignatures(TextWriter& report) {
   for (int lineEnd = 0; lineEnd < 4; ++lineEnd) StartLine(report);
-  report.append(kSignatureWidth, '-');
-  report.append(kReportWidth - 2 * kSignatureWidth, ' ');
-  report.append(kSignatureWidth, '-');
+  report.AppendRepeated(kSignatureWidth, '-');
+  report.AppendBlanks(kReportWidth - 2 * kSignatureWidth);
+  report.AppendRepeated(kSignatureWidth, '-');
   StartLine(report);
-  report += kLeftSignature;
-  report.append(kReportWidth - kLeftSignature.size() - kRightSignature.size(), ' ');
-  report += kRightSignature;
+  report.Append(kLeftSignature);
+  report.AppendBlanks(kReportWidth - kLeftSignature.size() - kRightSignature.size());
+  report.Append(kRightSignature);
   StartLine(report);
-  report += "Of Broker/Dealer";
+  report.Append("Of Broker/Dealer");
 }
 
-void Publish(const std::string& fileName, const std::string& report) {
+void WritePayInReport(const FlexGrid& entries, const Date& printDate, const TextSink& sink) {
+  TextWriter report(sink);
+  ReportBuilder(entries, report).Build(kPayInTitle, printDate);
+  report.Finish();
+}
+
+void WritePayOutReport(const FlexGrid& entries, const Date& printDate, const TextSink& sink) {
+  TextWriter report(sink);
+  ReportBuilder(entries, report).Build(kPayOutTitle, printDate);
+  AppendSignatures(report);
+  report.Finish();
+}
+
+using ReportWriting = void (*)(const FlexGrid&, const Date&, const TextSink&);
+
+std::string TextOf(ReportWriting write, const FlexGrid& entries, const Date& printDate) {
+  std::string text;
+  write(entries, printDate, [&text](std::string_view piece) { text += piece; });
+  return text;
+}
+
+void Publish(const std::string& fileName, ReportWriting write, const FlexGrid& entries) {
   const std::string path = ThePlatform().ProgramFolder() + "\\" + fileName;
-  WriteWholeFile(path, report);
+  const Date today = DateOf(ThePlatform().Now());
+  WriteWholeFile(path, [&](const TextSink& sink) { write(entries, today, sink); });
   ThePlatform().StartProcess("notepad \"" + path + "\"", WindowMode::NormalFocus);
 }
-
-Date Today() { return DateOf(ThePlatform().Now()); }
 
 }  // namespace
 
 std::string PadText(std::string_view text, int width, bool alignRight) {
   std::string padded;
-  AppendPadded(padded, text, width, alignRight);
+  const TextSink sink = [&padded](std::string_view piece) { padded += piece; };
+  TextWriter writer(sink);
+  AppendPadded(writer, text, width, alignRight);
+  writer.Finish();
   return padded;
 }
 
 std::string PayInReportText(const FlexGrid& entries, const Date& printDate) {
-  return ReportBuilder(entries).Build(kPayInTitle, printDate);
+  return TextOf(WritePayInReport, entries, printDate);
 }
 
 std::string PayOutReportText(const FlexGrid& entries, const Date& printDate) {
-  std::string report = ReportBuilder(entries).Build(kPayOutTitle, printDate);
-  AppendSignatures(report);
-  return report;
+  return TextOf(WritePayOutReport, entries, printDate);
 }
 
 void BuildPayInReport(const FlexGrid& entries) {
-  RunTrapped([&] { Publish("PAY-IN INSTRUCTIONS", PayInReportText(entries, Today())); });
+  RunTrapped([&] { Publish("PAY-IN INSTRUCTIONS", WritePayInReport, entries); });
 }
 
 void BuildPayOutReport(const FlexGrid& entries) {
-  RunTrapped([&] { Publish("PAY-OUT INSTRUCTIONS", PayOutReportText(entries, Today())); });
+  RunTrapped([&] { Publish("PAY-OUT INSTRUCTIONS", WritePayOutReport, entries); });
 }
 
 }  // namespace tallyrun

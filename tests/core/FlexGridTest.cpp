@@ -66,8 +66,9 @@ TEST(FlexGrid, RefusesWhatLiesOutside) {
       [&] { grid.RemoveRows(1, 3); },  [&] { grid.ReorderRows({0, 1}); }};
   for (const auto& step : outside) EXPECT_EQ(ErrorOf(step), "Subscript out of range");
   const std::function<void()> senseless[] = {
-      [&] { grid.SetRows(0); }, [&] { grid.RemoveRows(0, 1); }, [&] { grid.RemoveRows(2, 1); },
-      [&] { grid.ReorderRows({1}); }, [&] { grid.SetColWidth(0, -1); }};
+      [&] { grid.SetRows(0); },          [&] { grid.RemoveRows(0, 1); },
+      [&] { grid.RemoveRows(2, 1); },    [&] { grid.ReorderRows({1}); },
+      [&] { grid.ReorderRows({2, 2}); }, [&] { grid.SetColWidth(0, -1); }};
   for (const auto& step : senseless) {
     EXPECT_EQ(ErrorOf(step), "Invalid procedure call or argument");
   }

@@ -29,12 +29,12 @@ TEST(TextTableTest, FindsWhatAMapFinds) {
     for (int step = 0; step < 2000; ++step) {
       const std::string text = RandomText(random);
       const auto known = expected.find(text);
-      ASSERT_EQ(table.Find(text, textOf), known == expected.end() ? 0 : known->second);
+      ASSERT_EQ(table.Find(TextKey(text), textOf), known == expected.end() ? 0 : known->second);
       if (known != expected.end() || random() % 2 == 0) continue;
       const auto number = static_cast<std::uint32_t>(texts.size());
       texts.push_back(text);
       expected.emplace(text, number);
-      table.Add(text, number);
+      table.Add(TextKey(text), number);
     }
   }
 }

@@ -8,6 +8,7 @@
 #include "core/modFileIO.h"
 #include "tests/support/ErrorOf.h"
 #include "tests/support/GridText.h"
+#include "tests/support/TempFolder.h"
 
 namespace tallyrun::testing {
 namespace {
@@ -54,6 +55,7 @@ std::string RandomTable(std::mt19937& random) {
 }
 
 TEST(TildeTableTest, ReadsAndWritesAsAPlainLoopDoes) {
+  const TempFolder folder;
   int read = 0;
   for (unsigned seed = 1; seed <= 500; ++seed) {
     SCOPED_TRACE(seed);
@@ -67,7 +69,9 @@ TEST(TildeTableTest, ReadsAndWritesAsAPlainLoopDoes) {
       each->SetText(1, 0, "1");
     }
     const std::string error = ErrorOf([&] { ReadPlainly(text, expected); });
-    ASSERT_EQ(ErrorOf([&] { ReadTildeTable(text, grid); }), error);
+    folder.Write("table.txt", text);
+    LineBlocks blocks(folder / "table.txt", 1 + random() % 80);
+    ASSERT_EQ(ErrorOf([&] { ReadTildeTable(blocks, grid); }), error);
     ASSERT_EQ(RowsOf(grid), RowsOf(expected));
     for (int col = 0; col < kCols; ++col) ASSERT_EQ(grid.ColWidth(col), expected.ColWidth(col));
     ASSERT_EQ(GridToText(grid), PlainText(expected));

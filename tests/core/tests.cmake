@@ -4,6 +4,7 @@ list(APPEND portable_tests
   core/FlexGridTest.cpp
   core/GridGeometryTest.cpp
   core/GridRowsTest.cpp
+  core/LineBlocksTest.cpp
   core/RadixSortTest.cpp
   core/RowChecksTest.cpp
   core/SeparatorScanTest.cpp
