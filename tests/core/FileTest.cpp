@@ -2,7 +2,6 @@
 #include <gmock/gmock.h>
 
 #include "core/GridRows.h"
-#include "core/Wildcard.h"
 #include "core/modFileIO.h"
 #include "tests/support/ErrorOf.h"
 #include "tests/support/GridText.h"
@@ -66,8 +65,9 @@ TEST_F(FileTest, ErrorsAreToldInTheWordsOfTheirKindAndLeaveTheFiles) {
 }
 
 TEST_F(FileTest, FilesAndFoldersAreToldApartListedInOrderAndDeletedByPattern) {
-  for (const char* name : {"2010-05-07_08-00-00_BO.txt", "2010-05-06_14-30-05_BO.txt", "BO.txt",
-                           "a_bo.TXT", "Z_BO.txt", "BO.txt.bak", "BO.tx", "long_name_BO.txtx"}) {
+  for (const char* name :
+       {"2010-05-07_08-00-00_BO.txt", "2010-05-06_14-30-05_BO.txt", "BO.txt", "a_bo.TXT",
+        "Z_BO.txt", "BBO.txt", "BO.txt.bak", "BO.tx", "long_name_BO.txtx"}) {
     folder.Write(name, "x");
   }
   CreateFolder(folder / "folder_BO.txt");
@@ -79,24 +79,12 @@ TEST_F(FileTest, FilesAndFoldersAreToldApartListedInOrderAndDeletedByPattern) {
   EXPECT_FALSE(FileExists(folder / "folder_BO.txt"));
   EXPECT_THAT(ListFiles(folder / "*BO.txt"),
               ElementsAre("2010-05-06_14-30-05_BO.txt", "2010-05-07_08-00-00_BO.txt", "a_bo.TXT",
-                          "BO.txt", "Z_BO.txt"));
+                          "BBO.txt", "BO.txt", "Z_BO.txt"));
+  EXPECT_THAT(ListFiles(folder / "?BO.*"), ElementsAre("BBO.txt"));
   EXPECT_THAT(ListFiles(folder / "*.none"), ElementsAre(""));
   EXPECT_THAT(ListFiles(folder / "no\\*.txt"), ElementsAre(""));
   for (int round = 0; round < 2; ++round) DeleteMatching(folder / "*bo.TXT");
   EXPECT_THAT(ListFiles(folder / "*"), ElementsAre("BO.tx", "BO.txt.bak", "long_name_BO.txtx"));
-}
-
-TEST(WildcardTest, StarsTryEveryLength) {
-  const std::pair<const char*, std::vector<const char*>> matching[] = {
-      {"*", {"", "BO.txt"}},  {"*.*", {"BO", "a.b"}},
-      {"?O.txt", {"BO.txt"}}, {"*BO.txt", {"aBaBO.txt", "BBO.txt"}},
-      {"a.*.c", {"a.b.c"}},   {"\xE9t\xC9.*", {"\xC9t\xE9.t"}}};
-  for (const auto& [pattern, names] : matching) {
-    for (const char* name : names) EXPECT_TRUE(MatchesWildcard(name, pattern)) << name;
-  }
-  for (const char* pattern : {"", "?BO.txt", "*BO.tx", "BO.txt?"}) {
-    EXPECT_FALSE(MatchesWildcard("BO.txt", pattern)) << pattern;
-  }
 }
 
 // The grid's caption row and rows as written in a list file.

@@ -1,5 +1,4 @@
 list(APPEND portable_tests
-  core/BoIdFormatTest.cpp
   core/ColumnFitterTest.cpp
   core/FlexGridTest.cpp
   core/GridGeometryTest.cpp
@@ -19,4 +18,4 @@ list(APPEND portable_tests
   core/RecordListTest.cpp
   core/SettingsTest.cpp
 )
-list(APPEND windows_tests core/ConversionSystemTest.cpp core/FileSystemTest.cpp)
+list(APPEND windows_tests core/FileSystemTest.cpp)

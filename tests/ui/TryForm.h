@@ -29,7 +29,6 @@ class TryForm : public Form {
   std::function<void()> onLoad = [] {};
   std::function<void()> onUnload = [] {};
   std::function<void()> onClick = [] {};
-  std::vector<SIZE> resizedTo;
 
   // Appends "name" to `log` whenever `event` is raised.
   static void Log(Event<>& event, std::vector<std::string>& log, const std::string& name) {
@@ -63,11 +62,6 @@ class TryForm : public Form {
 
   void Form_Load() override { onLoad(); }
   void Form_Unload() override { onUnload(); }
-  void Form_Resize() override {
-    RECT client = {};
-    GetClientRect(Handle(), &client);
-    resizedTo.push_back({client.right, client.bottom});
-  }
 
  private:
   void button_Click() { onClick(); }
