@@ -18,4 +18,4 @@ list(APPEND portable_tests
   core/RecordListTest.cpp
   core/SettingsTest.cpp
 )
-list(APPEND windows_tests core/FileSystemTest.cpp)
+list(APPEND windows_tests core/ConversionSystemTest.cpp core/FileSystemTest.cpp)
