@@ -11,7 +11,7 @@ rounds=7
 
 scripts/setup.sh mawk sqlite3 libbenchmark-dev
 cmake --preset bench >/dev/null
-cmake --build build/bench --target generate day limit | tail -n 1
+cmake --build build/bench --target generate day limit micro | tail -n 1
 
 memory=/dev/shm
 [[ -w $memory ]] || memory=${TMPDIR:-/tmp}

@@ -1,0 +1,192 @@
+// The inner pieces alone, with Google Benchmark: micro [--benchmark_filter=...]. Each works on what
+// a large day brings, so that caches are as cold or warm as they are then.
+#include <benchmark/benchmark.h>
+#include <string>
+#include <vector>
+
+#include "bench/DayFiles.h"
+#include "core/Conversion.h"
+#include "core/EntryRow.h"
+#include "core/FlexGrid.h"
+#include "core/GridGeometry.h"
+#include "core/Lists.h"
+#include "core/Lookups.h"
+#include "core/SeparatorScan.h"
+#include "core/SortGrid.h"
+#include "holding/HoldingFile.h"
+#include "holding/TextMatcher.h"
+
+namespace tallyrun::bench {
+namespace {
+
+constexpr DaySize kSize = {100'000, 10'000, 2'000, 50'000};
+
+const DayFiles& Files() {
+  static const DayFiles files(kSize, 1);
+  return files;
+}
+
+void LoadLists() {
+  RecordList::Read(BoList, Files().BoList(), BoField::kCount, true);
+  RecordList::Read(IsinList, Files().IsinList(), IsinField::kCount, false);
+}
+
+std::vector<std::string> FieldsOf(const RecordList& list, int field) {
+  std::vector<std::string> texts;
+  for (int record = 2; record <= list.Count(); ++record) {
+    texts.emplace_back(list.Field(record, field));
+  }
+  return texts;
+}
+
+void SplitTradeFile(benchmark::State& state) {
+  const std::string text = Files().TradeFile();
+  for (auto _ : state) {
+    std::size_t fields = 0;
+    ForEachSeparator(text, '|', '\n', [&fields](std::size_t place) { fields += place & 1; });
+    benchmark::DoNotOptimize(fields);
+  }
+  state.SetItemsProcessed(state.iterations() * kSize.trades);
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
+}
+BENCHMARK(SplitTradeFile);
+
+void LookUp(benchmark::State& state, int field, const std::string& ending,
+            std::string (*lookup)(std::string_view)) {
+  LoadLists();
+  const RecordList& list = field == BoField::kClientCode ? BoList : IsinList;
+  std::vector<std::string> texts = FieldsOf(list, field);
+  for (std::string& text : texts) text += ending;
+  std::size_t at = 0;
+  for (auto _ : state) {
+    benchmark::DoNotOptimize(lookup(texts[at]));
+    at = (at + 7919) % texts.size();
+  }
+}
+BENCHMARK_CAPTURE(LookUp, ClientCodeHit, BoField::kClientCode, "", LookupBoIdByClientCode);
+BENCHMARK_CAPTURE(LookUp, ClientCodeMiss, BoField::kClientCode, "x", LookupBoIdByClientCode);
+BENCHMARK_CAPTURE(LookUp, ScripHit, IsinField::kScripId, "", LookupIsinCodeByScrip);
+BENCHMARK_CAPTURE(LookUp, ScripMiss, IsinField::kScripId, "x", LookupIsinCodeByScrip);
+
+// Rows as an import leaves them: accounts and securities in no order.
+void FillSheet(FlexGrid& grid) {
+  Random random(1);
+  grid.SetCols(EntryColumn::kCount);
+  grid.SetRows(static_cast<int>(kSize.trades) + 1);
+  for (int row = 1; row < grid.Rows(); ++row) {
+    const std::uint32_t account = random.Below(kSize.accounts);
+    grid.SetText(row, EntryColumn::kBoId, "77023100" + std::to_string(10'000'000 + account));
+    grid.SetText(row, EntryColumn::kClientCode, "C" + std::to_string(account));
+    grid.SetText(row, EntryColumn::kIsinCode,
+                 "QK0001" + std::to_string(100'000 + random.Below(kSize.securities)));
+    grid.SetText(row, EntryColumn::kQuantity, std::to_string(5 + random.Below(2000)));
+  }
+}
+
+void SortUnorderedSheet(benchmark::State& state) {
+  for (auto _ : state) {
+    state.PauseTiming();
+    FlexGrid grid;
+    FillSheet(grid);
+    state.ResumeTiming();
+    SortEntries(grid);
+  }
+  state.SetItemsProcessed(state.iterations() * kSize.trades);
+}
+BENCHMARK(SortUnorderedSheet)->Unit(benchmark::kMillisecond);
+
+void SortSortedSheet(benchmark::State& state) {
+  FlexGrid grid;
+  FillSheet(grid);
+  SortEntries(grid);
+  for (auto _ : state) SortEntries(grid);
+  state.SetItemsProcessed(state.iterations() * kSize.trades);
+}
+BENCHMARK(SortSortedSheet)->Unit(benchmark::kMillisecond);
+
+void FindTextsInHoldings(benchmark::State& state) {
+  LoadLists();
+  const HoldingFile file(Files().HoldingFile());
+  std::vector<std::string> kept = FieldsOf(BoList, BoField::kBoId);
+  for (const std::string& isin : FieldsOf(IsinList, IsinField::kIsinCode)) kept.push_back(isin);
+  const TextMatcher matcher(std::vector<std::string_view>(kept.begin(), kept.end()));
+  for (auto _ : state) {
+    std::size_t matches = 0;
+    matcher.ForEachLine(*file.Holdings(), [&matches](std::string_view, const auto& found) {
+      matches += found.size();
+      return true;
+    });
+    benchmark::DoNotOptimize(matches);
+  }
+  state.SetItemsProcessed(state.iterations() * kSize.holdings);
+  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(file.Holdings()->size()));
+}
+BENCHMARK(FindTextsInHoldings)->Unit(benchmark::kMillisecond);
+
+void ReadDate(benchmark::State& state) {
+  const std::string texts[] = {"03-01-2010", "5 Feb 2010", "2010-01-04"};
+  std::size_t at = 0;
+  for (auto _ : state) benchmark::DoNotOptimize(ToDate(texts[at++ % std::size(texts)]));
+}
+BENCHMARK(ReadDate);
+
+void WriteDate(benchmark::State& state) {
+  for (auto _ : state) benchmark::DoNotOptimize(FormatDdMmmYyyy({2010, 1, 5}));
+}
+BENCHMARK(WriteDate);
+
+void ReadNumber(benchmark::State& state) {
+  const std::string texts[] = {"1500", "27,500", "(12.50)"};
+  std::size_t at = 0;
+  for (auto _ : state) benchmark::DoNotOptimize(ToDouble(texts[at++ % std::size(texts)]));
+}
+BENCHMARK(ReadNumber);
+
+// A window of forty rows, somewhere in the sheet.
+void PaintOnePage(benchmark::State& state) {
+  FlexGrid grid;
+  FillSheet(grid);
+  grid.SetPageRows(40);
+  const GridSizes sizes = {.clientWidth = 1200, .clientHeight = 820};
+  Random random(3);
+  CellScratch scratch;
+  for (auto _ : state) {
+    grid.SetTopRow(1 + static_cast<int>(random.Below(kSize.trades)));
+    const GridGeometry geometry(grid, sizes);
+    geometry.ForEachCell({0, 0, sizes.clientWidth, sizes.clientHeight},
+                         [&](int row, int col, const GridRect& cell) {
+                           benchmark::DoNotOptimize(cell);
+                           benchmark::DoNotOptimize(grid.View(row, col, scratch));
+                         });
+  }
+}
+BENCHMARK(PaintOnePage);
+
+void ReadCells(benchmark::State& state) {
+  FlexGrid grid;
+  FillSheet(grid);
+  CellScratch scratch;
+  Random random(2);
+  for (auto _ : state) {
+    const int row = 1 + static_cast<int>(random.Below(kSize.trades));
+    benchmark::DoNotOptimize(grid.View(row, EntryColumn::kBoId, scratch));
+  }
+}
+BENCHMARK(ReadCells);
+
+void WriteCells(benchmark::State& state) {
+  FlexGrid grid;
+  FillSheet(grid);
+  const std::vector<std::string> texts = {"77023100" + std::to_string(10'000'007), "C4711", "500"};
+  int row = 1;
+  for (auto _ : state) {
+    grid.SetText(row, EntryColumn::kBoId, texts[static_cast<std::size_t>(row) % texts.size()]);
+    row = 1 + row % (grid.Rows() - 1);
+  }
+}
+BENCHMARK(WriteCells);
+
+}  // namespace
+}  // namespace tallyrun::bench
+
+BENCHMARK_MAIN();
