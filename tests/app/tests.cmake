@@ -10,6 +10,7 @@ list(APPEND portable_tests
 )
 list(APPEND windows_tests
   support/MainWindowFixture.cpp
+  app/LargeSheetTest.cpp
   app/frmMainSendTest.cpp
   app/frmMainTest.cpp
 )
