@@ -20,7 +20,7 @@ class InternalRefNumbering {
 
   // A row without trade date or BO ID keeps what it has and opens no group.
   void FillRow(int row) {
-    const std::span<CellValue> cells = grid_.RowCells(row);
+    const auto cells = grid_.RowCells(row);
     const CellValue boId = cells[EntryColumn::kBoId];
     const CellValue tradeDate = cells[EntryColumn::kTradeDate];
     if (tradeDateBlank_.Of(tradeDate) || boIdBlank_.Of(boId)) return;
@@ -97,7 +97,7 @@ void FillAutoFields(FlexGrid& grid, const Date& deliveryDay) {
   CellValue clientCode = grid.Cell(1, EntryColumn::kClientCode);
   CodeAndName account = lookups.AccountOf(clientCode);
   for (int row = 1; row < grid.Rows(); ++row) {
-    const std::span<CellValue> cells = grid.RowCells(row);
+    const auto cells = grid.RowCells(row);
     cells[EntryColumn::kSerial] = fitted(EntryColumn::kSerial, NumberCell(row));
     cells[EntryColumn::kDeliveryDate] = deliveryDate;
     cells[EntryColumn::kBrokerId] = brokerId;

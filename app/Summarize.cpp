@@ -1,8 +1,8 @@
 #include "app/Summarize.h"
 
-#include <algorithm>
 #include <cstdint>
 #include <limits>
+#include <span>
 #include <vector>
 
 #include "core/ColumnFitter.h"
@@ -13,16 +13,10 @@
 namespace tallyrun {
 namespace {
 
-bool AreSameEntry(const FlexGrid& grid, int row, int other) {
-  return grid.Cell(row, EntryColumn::kBoId) == grid.Cell(other, EntryColumn::kBoId) &&
-         grid.Cell(row, EntryColumn::kIsinCode) == grid.Cell(other, EntryColumn::kIsinCode);
-}
-
-std::int32_t QuantityOf(const FlexGrid& grid, int row) {
-  const CellValue quantity = grid.Cell(row, EntryColumn::kQuantity);
+std::int32_t QuantityOf(const FlexGrid& grid, CellValue quantity) {
   if (IsNumber(quantity)) return static_cast<std::int32_t>(NumberOf(quantity));
   CellScratch scratch;
-  return ToInt32(grid.View(row, EntryColumn::kQuantity, scratch));
+  return ToInt32(grid.View(quantity, scratch));
 }
 
 std::int32_t Sum(std::int32_t left, std::int32_t right) {
@@ -43,19 +37,18 @@ class MergedRows {
   MergedRows(const MergedRows&) = delete;
   MergedRows& operator=(const MergedRows&) = delete;
 
-  void Mark(int row) { merged_[static_cast<std::size_t>(row)] = true; }
+  void Mark(std::size_t row) { merged_[row] = true; }
 
   void Drop() {
-    int kept = 1;
-    for (int row = 1; row < grid_.Rows(); ++row) {
-      if (merged_[static_cast<std::size_t>(row)]) continue;
-      if (kept != row) {
-        const auto cells = grid_.RowCells(row).subspan(1);
-        std::copy(cells.begin(), cells.end(), grid_.RowCells(kept).begin() + 1);
-      }
-      ++kept;
+    std::vector<std::uint32_t> kept;
+    for (std::uint32_t row = 1; row < merged_.size(); ++row) {
+      if (!merged_[row]) kept.push_back(row);
     }
-    grid_.SetRows(kept);
+    for (int col = 1; col < grid_.Cols(); ++col) {
+      const auto cells = grid_.ColumnCells(col);
+      for (std::size_t at = 0; at < kept.size(); ++at) cells[1 + at] = cells[kept[at]];
+    }
+    grid_.SetRows(1 + static_cast<int>(kept.size()));
   }
 
  private:
@@ -65,12 +58,15 @@ class MergedRows {
 
 void MergeUpward(FlexGrid& grid, MergedRows& merged) {
   ColumnFitter fitter(grid);
-  for (int row = grid.Rows() - 1; row > 1; --row) {
-    if (!AreSameEntry(grid, row, row - 1)) continue;
-    const std::int32_t quantity = Sum(QuantityOf(grid, row - 1), QuantityOf(grid, row));
-    const CellValue cell = grid.InternNumber(quantity);
-    grid.SetCell(row - 1, EntryColumn::kQuantity, cell);
-    fitter.Fit(EntryColumn::kQuantity, cell);
+  const std::span<const CellValue> boIds = grid.ColumnCells(EntryColumn::kBoId);
+  const std::span<const CellValue> isins = grid.ColumnCells(EntryColumn::kIsinCode);
+  const std::span<CellValue> quantities = grid.ColumnCells(EntryColumn::kQuantity);
+  for (std::size_t row = quantities.size() - 1; row > 1; --row) {
+    if (boIds[row] != boIds[row - 1] || isins[row] != isins[row - 1]) continue;
+    const CellValue sum = grid.InternNumber(
+        Sum(QuantityOf(grid, quantities[row - 1]), QuantityOf(grid, quantities[row])));
+    quantities[row - 1] = sum;
+    fitter.Fit(EntryColumn::kQuantity, sum);
     merged.Mark(row);
   }
 }

@@ -73,7 +73,7 @@ void TradeRows::FillGathered() {
 
 void TradeRows::FillRow(int row, const Gathered& gathered) {
   const TradeLine& line = gathered.line;
-  const std::span<CellValue> cells = grid_.RowCells(row);
+  const auto cells = grid_.RowCells(row);
   const auto put = [cells](int col, CellValue value) {
     cells[static_cast<std::size_t>(col)] = value;
   };

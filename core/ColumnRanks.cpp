@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <bit>
 #include <cstring>
+#include <span>
 #include <string_view>
 
 #include "core/Conversion.h"
@@ -12,18 +13,14 @@ namespace tallyrun {
 namespace {
 
 // Those in the column, each once, sorted.
-std::vector<std::uint32_t> DistinctNumbersOf(const FlexGrid& grid, int col) {
-  std::vector<KeyedItem> all;
-  for (int row = 1; row < grid.Rows(); ++row) {
-    const CellValue value = grid.Cell(row, col);
-    if (IsNumber(value)) all.push_back({NumberOf(value), NumberOf(value)});
+std::vector<std::uint32_t> DistinctNumbersOf(std::span<const CellValue> cells) {
+  std::vector<std::uint64_t> all;
+  for (const CellValue value : cells) {
+    if (IsNumber(value)) all.push_back(NumberOf(value));
   }
-  RadixSort(all);
-  std::vector<std::uint32_t> numbers;
-  for (const KeyedItem& each : all) {
-    if (numbers.empty() || numbers.back() != each.item) numbers.push_back(each.item);
-  }
-  return numbers;
+  RadixSort(all, 0);
+  all.erase(std::unique(all.begin(), all.end()), all.end());
+  return {all.begin(), all.end()};
 }
 
 // A word that orders as the number does.
@@ -88,62 +85,42 @@ void SortWithinEqualKeys(const FlexGrid& grid, const SortKey& key,
   }
 }
 
-}  // namespace
-
 // The texts of a column, each once, and what its numbers have in common.
-class ColumnRanks::Distinct {
- public:
-  explicit Distinct(const FlexGrid& grid) : isKnown_(grid.DistinctTexts()) {}
-
-  void Add(CellValue value) {
-    if (IsNumber(value)) {
-      anyNumber_ = true;
-      bitsOfNumbers_ |= NumberOf(value);
-    } else if (!isKnown_[static_cast<std::size_t>(value)]) {
-      isKnown_[static_cast<std::size_t>(value)] = true;
-      texts_.push_back(value);
+struct DistinctValues {
+  explicit DistinctValues(const FlexGrid& grid, std::span<const CellValue> cells) {
+    std::vector<bool> isKnown(grid.DistinctTexts());
+    for (const CellValue value : cells) {
+      if (IsNumber(value)) {
+        anyNumber = true;
+        bitsOfNumbers |= NumberOf(value);
+      } else if (!isKnown[static_cast<std::size_t>(value)]) {
+        isKnown[static_cast<std::size_t>(value)] = true;
+        texts.push_back(value);
+      }
     }
   }
 
-  const std::vector<CellValue>& Texts() const { return texts_; }
-  bool AnyNumber() const { return anyNumber_; }
-  // All bits that any number has.
-  std::uint32_t BitsOfNumbers() const { return bitsOfNumbers_; }
-
- private:
-  std::vector<bool> isKnown_;
-  std::vector<CellValue> texts_;
-  bool anyNumber_ = false;
-  std::uint32_t bitsOfNumbers_ = 0;
+  std::vector<CellValue> texts;
+  bool anyNumber = false;
+  std::uint32_t bitsOfNumbers = 0;  // all bits that any number has
 };
+
+}  // namespace
 
 double SortingNumber(std::string_view text) { return IsNumeric(text) ? ToDouble(text) : 0; }
 
-std::vector<ColumnRanks> ColumnRanks::Of(const FlexGrid& grid, const std::vector<SortKey>& keys) {
-  std::vector<Distinct> distinct(keys.size(), Distinct(grid));
-  for (int row = 1; row < grid.Rows(); ++row) {
-    const auto cells = grid.RowCells(row);
-    for (std::size_t key = 0; key < keys.size(); ++key) {
-      distinct[key].Add(cells[static_cast<std::size_t>(keys[key].col)]);
-    }
-  }
-  std::vector<ColumnRanks> ranks;
-  for (std::size_t key = 0; key < keys.size(); ++key) {
-    ranks.push_back(ColumnRanks(grid, keys[key], distinct[key]));
-  }
-  return ranks;
-}
-
-ColumnRanks::ColumnRanks(const FlexGrid& grid, const SortKey& key, const Distinct& distinct) {
-  if (key.numeric && distinct.Texts().empty()) {
+ColumnRanks::ColumnRanks(const FlexGrid& grid, const SortKey& key) {
+  const std::span<const CellValue> cells = grid.ColumnCells(key.col).subspan(1);
+  DistinctValues distinct(grid, cells);
+  if (key.numeric && distinct.texts.empty()) {
     areNumbersTheirRank_ = true;
-    bits_ = std::bit_width(distinct.BitsOfNumbers());
+    bits_ = std::bit_width(distinct.bitsOfNumbers);
     if (key.descending) flip_ = static_cast<std::uint32_t>((std::uint64_t{1} << bits_) - 1);
     return;
   }
-  if (distinct.AnyNumber()) numbers_ = DistinctNumbersOf(grid, key.col);
+  if (distinct.anyNumber) numbers_ = DistinctNumbersOf(cells);
 
-  std::vector<CellValue> values = distinct.Texts();
+  std::vector<CellValue> values = std::move(distinct.texts);
   const std::size_t textCount = values.size();
   for (const std::uint32_t number : numbers_)
     values.push_back(NumberCell(static_cast<int>(number)));
@@ -151,7 +128,7 @@ ColumnRanks::ColumnRanks(const FlexGrid& grid, const SortKey& key, const Distinc
   RadixSort(items);
   if (!key.numeric) SortWithinEqualKeys(grid, key, values, items);
 
-  texts_.resize(grid.DistinctTexts());
+  texts_.assign(grid.DistinctTexts(), kNone);
   numberRanks_.resize(numbers_.size());
   std::uint32_t rank = 0;
   for (std::size_t at = 0; at < items.size(); ++at) {

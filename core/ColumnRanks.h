@@ -4,6 +4,7 @@
 
 #include <cstdint>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 #include "core/FlexGrid.h"
@@ -16,8 +17,8 @@ double SortingNumber(std::string_view text);
 
 class ColumnRanks {
  public:
-  // Of the data rows of the grid, a column for each key in one pass over them.
-  static std::vector<ColumnRanks> Of(const FlexGrid& grid, const std::vector<SortKey>& keys);
+  // Of the data rows of the grid.
+  ColumnRanks(const FlexGrid& grid, const SortKey& key);
 
   // The place of one of the column's values: less for what comes first, equal for what compares as
   // equal.
@@ -29,10 +30,12 @@ class ColumnRanks {
   // Bits that a place takes.
   int Bits() const { return bits_; }
 
- private:
-  class Distinct;
+  // The place of every text of the column by its number in the grid, kNone for all others; empty
+  // when the column has no text. Of use for as long as the grid keeps its texts.
+  static constexpr std::uint32_t kNone = UINT32_MAX;
+  std::vector<std::uint32_t> TakeTexts() && { return std::move(texts_); }
 
-  ColumnRanks(const FlexGrid& grid, const SortKey& key, const Distinct& distinct);
+ private:
   std::uint32_t OfNumber(std::uint32_t number) const;
 
   std::vector<std::uint32_t> texts_;        // by the text's number in the grid's pool

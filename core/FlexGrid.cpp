@@ -30,35 +30,26 @@ std::optional<int> PlainNumber(std::string_view text) {
 }  // namespace
 
 FlexGrid::FlexGrid()
-    : cells_(1, CellValue::Empty),
-      colWidths_(1, kDefaultColWidth),
-      measurer_(TextMeasurer::FixedWidth(kDefaultCharacterWidth)) {}
+    : colWidths_(1, kDefaultColWidth), measurer_(TextMeasurer::FixedWidth(kDefaultCharacterWidth)) {
+  cells_.SetCols(1);
+  cells_.SetRows(1);
+}
 
 void FlexGrid::RaiseOutOfRange() { throw RuntimeError(ErrorKind::SubscriptOutOfRange); }
 
 void FlexGrid::SetRows(int rows) {
   if (rows < 1) throw RuntimeError(ErrorKind::InvalidCall);
-  cells_.resize(static_cast<std::size_t>(rows) * static_cast<std::size_t>(cols_), CellValue::Empty);
-  const bool shrinks = rows < rows_;
-  rows_ = rows;
+  const bool shrinks = rows < Rows();
+  cells_.SetRows(static_cast<std::size_t>(rows));
   DrawInside(topRow_);
   if (shrinks) ReleaseUnused();
 }
 
 void FlexGrid::SetCols(int cols) {
   if (cols < 1) throw RuntimeError(ErrorKind::InvalidCall);
-  if (cols != cols_) {
-    std::vector<CellValue> reshaped(
-        static_cast<std::size_t>(rows_) * static_cast<std::size_t>(cols), CellValue::Empty);
-    auto from = cells_.cbegin();
-    auto to = reshaped.begin();
-    for (int row = 0; row < rows_; ++row, from += cols_, to += cols) {
-      std::copy_n(from, std::min(cols, cols_), to);
-    }
-    colWidths_.resize(static_cast<std::size_t>(cols), kDefaultColWidth);
-    cells_ = std::move(reshaped);
-    cols_ = cols;
-  }
+  colWidths_.reserve(static_cast<std::size_t>(cols));
+  cells_.SetCols(static_cast<std::size_t>(cols));
+  colWidths_.resize(static_cast<std::size_t>(cols), kDefaultColWidth);
   DrawInside(topRow_);
   ReleaseUnused();
 }
@@ -67,11 +58,8 @@ void FlexGrid::RemoveRows(int first, int last) {
   RequireRow(first);
   RequireRow(last);
   if (first < 1 || last < first) throw RuntimeError(ErrorKind::InvalidCall);
-  const auto begin = cells_.begin() + static_cast<std::ptrdiff_t>(IndexOf(first, 0));
-  const auto end = cells_.begin() + static_cast<std::ptrdiff_t>(IndexOf(last, 0)) + cols_;
-  cells_.erase(begin, end);
+  cells_.RemoveRows(static_cast<std::size_t>(first), static_cast<std::size_t>(last));
   const int removed = last - first + 1;
-  rows_ -= removed;
   int top = topRow_;
   for (int* const row : {&row_, &rowSel_, &top}) {
     if (*row > last) {
@@ -90,9 +78,9 @@ std::string FlexGrid::Text(int row, int col) const {
 }
 
 void FlexGrid::SetText(int row, int col, std::string_view text) {
-  const std::size_t index = IndexOf(row, col);
-  cells_[index] = Intern(text);
-  MarkChanged();
+  RequireRow(row);
+  RequireCol(col);
+  SetCell(row, col, Intern(text));
 }
 
 std::string_view FlexGrid::WriteNumber(CellValue number, CellScratch& scratch) {
@@ -121,38 +109,14 @@ CellValue FlexGrid::InternNumber(std::int32_t number) {
   return Intern(std::to_string(number));
 }
 
-void FlexGrid::ReorderRows(std::vector<std::uint32_t> order) {
+void FlexGrid::ReorderRows(const std::vector<std::uint32_t>& order) {
   RequireEveryRowOnce(order);
-  const auto cols = static_cast<std::size_t>(cols_);
-  const auto rowAt = [this, cols](std::size_t row) { return cells_.data() + row * cols; };
-  // Follows each ring of rows that take one another's place, so that a million rows are moved
-  // without a second sheet to move them to. A ring jumps about in memory: what it comes to next
-  // but a few is fetched on the way.
-  constexpr int kAhead = 8;
-  const auto next = [&order](std::uint32_t row) { return order[row - 1]; };
-  std::vector<CellValue> kept(cols);
-  for (std::uint32_t first = 1; first <= order.size(); ++first) {
-    if (next(first) == first) continue;
-    std::copy_n(rowAt(first), cols, kept.begin());
-    std::uint32_t ahead = first;
-    for (int step = 0; step < kAhead; ++step) ahead = next(ahead);
-    std::uint32_t row = first;
-    while (next(row) != first) {
-      const std::uint32_t from = next(row);
-      __builtin_prefetch(rowAt(ahead));
-      ahead = next(ahead);
-      std::copy_n(rowAt(from), cols, rowAt(row));
-      order[row - 1] = row;
-      row = from;
-    }
-    std::copy_n(kept.begin(), cols, rowAt(row));
-    order[row - 1] = row;
-  }
+  cells_.ReorderRows(order);
   MarkChanged();
 }
 
 void FlexGrid::RequireEveryRowOnce(const std::vector<std::uint32_t>& order) const {
-  if (order.size() != static_cast<std::size_t>(rows_ - 1)) {
+  if (order.size() + 1 != cells_.Rows()) {
     throw RuntimeError(ErrorKind::InvalidCall);
   }
   std::vector<bool> isThere(order.size() + 1);
@@ -204,10 +168,10 @@ void FlexGrid::SetColSel(int col) {
 void FlexGrid::SelectRow(int row) {
   SetRow(row);
   SetCol(0);
-  SetColSel(cols_ - 1);
+  SetColSel(Cols() - 1);
 }
 
-int FlexGrid::MaxTopRow() const { return std::max(1, rows_ - pageRows_); }
+int FlexGrid::MaxTopRow() const { return std::max(1, Rows() - pageRows_); }
 
 void FlexGrid::SetTopRow(int row) {
   const int top = std::clamp(row, 1, MaxTopRow());
@@ -218,7 +182,7 @@ void FlexGrid::SetTopRow(int row) {
 }
 
 void FlexGrid::SetLeftCol(int col) {
-  const int left = std::clamp(col, 0, cols_ - 1);
+  const int left = std::clamp(col, 0, Cols() - 1);
   if (left == leftCol_) return;
   leftCol_ = left;
   MarkChanged();
@@ -240,26 +204,30 @@ bool FlexGrid::TakeChanges() {
 
 void FlexGrid::DrawInside(int topRow) {
   // While there is a data row, the captions are no place for the current cell.
-  const int firstRow = rows_ > 1 ? 1 : 0;
-  row_ = std::clamp(row_, firstRow, rows_ - 1);
-  rowSel_ = std::clamp(rowSel_, firstRow, rows_ - 1);
-  col_ = std::min(col_, cols_ - 1);
-  colSel_ = std::min(colSel_, cols_ - 1);
+  const int firstRow = Rows() > 1 ? 1 : 0;
+  row_ = std::clamp(row_, firstRow, Rows() - 1);
+  rowSel_ = std::clamp(rowSel_, firstRow, Rows() - 1);
+  col_ = std::min(col_, Cols() - 1);
+  colSel_ = std::min(colSel_, Cols() - 1);
   MarkChanged();
   SetTopRow(topRow);
   SetLeftCol(leftCol_);
 }
 
-// Gives back what a much larger sheet left behind. Happens at most once per quartering, so that
-// taking rows off one by one stays cheap.
+// Gives back what a much larger sheet left behind, its texts included.
 void FlexGrid::ReleaseUnused() {
-  if (cells_.size() < cells_.capacity() / 4) cells_.shrink_to_fit();
-  if (pool_.Size() <= kSmallPool || pool_.Size() / 4 <= cells_.size()) return;
+  cells_.ReleaseUnused();
+  if (pool_.Size() <= kSmallPool || pool_.Size() / 4 <= cells_.Size()) return;
   TextPool pool;
-  std::vector<CellValue> cells = cells_;
-  for (CellValue& cell : cells) {
-    if (IsNumber(cell)) continue;
-    cell = static_cast<CellValue>(pool.Intern(TextOf(cell)));
+  CellTable cells;
+  cells.SetCols(cells_.Cols());
+  cells.SetRows(cells_.Rows());
+  for (std::size_t col = 0; col < cells.Cols(); ++col) {
+    for (std::size_t row = 0; row < cells.Rows(); ++row) {
+      const CellValue cell = cells_.At(row, col);
+      cells.At(row, col) =
+          IsNumber(cell) ? cell : static_cast<CellValue>(pool.Intern(TextOf(cell)));
+    }
   }
   pool_ = std::move(pool);
   cells_ = std::move(cells);

@@ -10,15 +10,11 @@
 #include <string_view>
 #include <vector>
 
+#include "core/CellTable.h"
 #include "core/TextMeasurer.h"
 #include "core/TextPool.h"
 
 namespace tallyrun {
-
-// A cell's content: the number of a text in the grid's pool or, with the top bit set, a plain
-// decimal number itself. Equal texts have equal values within one grid. Valid until rows
-// are next taken from the grid or its columns are changed.
-enum class CellValue : std::uint32_t { Empty = 0 };
 
 // True for a cell that is held as a number, false for a text of the pool.
 constexpr bool IsNumber(CellValue value) {
@@ -52,14 +48,14 @@ class FlexGrid {
   FlexGrid(const FlexGrid&) = delete;
   FlexGrid& operator=(const FlexGrid&) = delete;
 
-  int Rows() const { return rows_; }
-  int Cols() const { return cols_; }
+  int Rows() const { return static_cast<int>(cells_.Rows()); }
+  int Cols() const { return static_cast<int>(cells_.Cols()); }
   // New cells are empty; the current cell and the selection are drawn back inside. At least the
   // caption row and one column stay: less raises InvalidCall.
   void SetRows(int rows);
   void SetCols(int cols);
   // Room for as many rows, so that growing to them moves nothing. Changes nothing that is seen.
-  void ReserveRows(std::size_t rows) { cells_.reserve(rows * static_cast<std::size_t>(cols_)); }
+  void ReserveRows(std::size_t rows) { cells_.ReserveRows(rows); }
   // Takes out data rows `first` to `last`. What stood on a later row moves up with it; what stood
   // on a removed one comes to stand on the row that took its place.
   void RemoveRows(int first, int last);
@@ -81,9 +77,15 @@ class FlexGrid {
   // False when no cell's text can have a CR LF in it.
   bool AnyLineEndInTexts() const { return pool_.AnyLineEnd(); }
 
-  CellValue Cell(int row, int col) const { return cells_[IndexOf(row, col)]; }
+  CellValue Cell(int row, int col) const {
+    RequireRow(row);
+    RequireCol(col);
+    return cells_.At(static_cast<std::size_t>(row), static_cast<std::size_t>(col));
+  }
   void SetCell(int row, int col, CellValue value) {
-    cells_[IndexOf(row, col)] = value;
+    RequireRow(row);
+    RequireCol(col);
+    cells_.At(static_cast<std::size_t>(row), static_cast<std::size_t>(col)) = value;
     MarkChanged();
   }
   CellValue Intern(std::string_view text);
@@ -105,13 +107,25 @@ class FlexGrid {
     if (begun.cell_ != CellValue::Empty || begun.key_.text.empty()) return begun.cell_;
     return static_cast<CellValue>(pool_.Intern(begun.key_));
   }
-  // A row's cells, column 0 first, for a pass that handles many: checked once a row.
-  std::span<const CellValue> RowCells(int row) const {
-    return {&cells_[IndexOf(row, 0)], static_cast<std::size_t>(cols_)};
+  // A row's cells by column and a column's cells by row, for a pass that handles many: checked
+  // once, and good until rows or columns are set. A pass that writes marks the grid as changed.
+  CellsOfRow<const CellValue> RowCells(int row) const {
+    RequireRow(row);
+    return cells_.Row(static_cast<std::size_t>(row));
   }
-  std::span<CellValue> RowCells(int row) {
+  CellsOfRow<CellValue> RowCells(int row) {
+    RequireRow(row);
     MarkChanged();
-    return {&cells_[IndexOf(row, 0)], static_cast<std::size_t>(cols_)};
+    return cells_.Row(static_cast<std::size_t>(row));
+  }
+  std::span<const CellValue> ColumnCells(int col) const {
+    RequireCol(col);
+    return cells_.Column(static_cast<std::size_t>(col));
+  }
+  std::span<CellValue> ColumnCells(int col) {
+    RequireCol(col);
+    MarkChanged();
+    return cells_.Column(static_cast<std::size_t>(col));
   }
   // The texts a cell can hold: every CellValue that is no number lies below this.
   std::size_t DistinctTexts() const { return pool_.Size(); }
@@ -120,7 +134,7 @@ class FlexGrid {
 
   // Puts the data rows into a new order: row 1 + i becomes what row order[i] was. `order` holds
   // every data row once.
-  void ReorderRows(std::vector<std::uint32_t> order);
+  void ReorderRows(const std::vector<std::uint32_t>& order);
 
   // Column widths in twips.
   int ColWidth(int col) const;
@@ -159,17 +173,11 @@ class FlexGrid {
 
  private:
   // One comparison a side, negative numbers included: this stands in every loop over cells.
-  std::size_t IndexOf(int row, int col) const {
-    RequireRow(row);
-    RequireCol(col);
-    return static_cast<std::size_t>(row) * static_cast<std::size_t>(cols_) +
-           static_cast<std::size_t>(col);
-  }
   void RequireRow(int row) const {
-    if (static_cast<unsigned>(row) >= static_cast<unsigned>(rows_)) RaiseOutOfRange();
+    if (static_cast<unsigned>(row) >= cells_.Rows()) RaiseOutOfRange();
   }
   void RequireCol(int col) const {
-    if (static_cast<unsigned>(col) >= static_cast<unsigned>(cols_)) RaiseOutOfRange();
+    if (static_cast<unsigned>(col) >= cells_.Cols()) RaiseOutOfRange();
   }
   [[noreturn]] static void RaiseOutOfRange();
   void MarkChanged() {
@@ -183,9 +191,7 @@ class FlexGrid {
   void DrawInside(int topRow);
   void ReleaseUnused();
 
-  int rows_ = 1;
-  int cols_ = 1;
-  std::vector<CellValue> cells_;  // row after row
+  CellTable cells_;
   TextPool pool_;
   std::vector<int> colWidths_;
   TextMeasurer measurer_;

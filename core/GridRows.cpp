@@ -69,7 +69,10 @@ void ClearEntryGrid(FlexGrid& grid) {
 }
 
 void RenumberRows(FlexGrid& grid, int first) {
-  for (int row = first; row < grid.Rows(); ++row) grid.SetCell(row, 0, NumberCell(row));
+  const auto serials = grid.ColumnCells(0);
+  for (int row = first; row < grid.Rows(); ++row) {
+    serials[static_cast<std::size_t>(row)] = NumberCell(row);
+  }
 }
 
 }  // namespace tallyrun

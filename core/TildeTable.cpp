@@ -131,13 +131,14 @@ class TableReader {
 
 void WriteTildeTable(const FlexGrid& grid, const TextSink& sink) {
   TextWriter writer(sink);
+  const auto cols = static_cast<std::size_t>(grid.Cols());
   for (int row = 0; row < grid.Rows(); ++row) {
     if (row > 0) writer.Append('\n');
     const auto cells = grid.RowCells(row);
-    AppendCell(writer, grid, cells.front());
-    for (const CellValue cell : cells.subspan(1)) {
+    AppendCell(writer, grid, cells[0]);
+    for (std::size_t col = 1; col < cols; ++col) {
       writer.Append(kCellMark);
-      AppendCell(writer, grid, cell);
+      AppendCell(writer, grid, cells[col]);
     }
     writer.Append('\r');
   }
