@@ -1,5 +1,5 @@
-// What the ftp stand-in needs from the network: streams of bytes to a host and port. Tests put a
-// scripted network in its place; Network_windows.cpp is the real one.
+// What the ftp stand-in needs from the network: streams of bytes to a host and port.
+// Network_windows.cpp has them.
 #pragma once
 
 #include <memory>

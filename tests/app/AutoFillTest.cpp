@@ -5,16 +5,12 @@
 #include "tests/support/EntrySheetFixture.h"
 #include "tests/support/GridText.h"
 
-namespace tallyrun {
+namespace tallyrun::testing {
 namespace {
 
-using testing::ColumnOf;
 using ::testing::ElementsAre;
-using testing::EntryCells;
-using testing::FillRows;
-using testing::RowsOf;
 
-class AutoFillTest : public testing::EntrySheetFixture {
+class AutoFillTest : public EntrySheetFixture {
  protected:
   static std::string Typed(std::string_view tradeDate, std::string_view client,
                            std::string_view scrip = "BRAVOB") {
@@ -56,9 +52,9 @@ TEST_F(AutoFillTest, WhatWasFoundOnceIsForgottenWithTheListAndTheSheet) {
     return grid.Text(1, EntryColumn::kBoName) + ", " + grid.Text(1, EntryColumn::kIsinName);
   };
   EXPECT_EQ(names("C2"), "BEN BIRCH, BRAVO BANK LTD");
-  testing::SetBoList({"1~1201950000000009~BEA BEECH~C2"});
+  SetBoList({"1~1201950000000009~BEA BEECH~C2"});
   EXPECT_EQ(names("C2"), "BEA BEECH, BRAVO BANK LTD");
-  testing::SetIsinList({"1~KX0002000029~BRAVO BANK PLC~BRAVOB~102"});
+  SetIsinList({"1~KX0002000029~BRAVO BANK PLC~BRAVOB~102"});
   EXPECT_EQ(names("C2"), "BEA BEECH, BRAVO BANK PLC");
 
   // Enough texts, used and left, that the grid numbers those that remain anew.
@@ -105,4 +101,4 @@ TEST_F(AutoFillTest, ABadTradeDateEndsThePassAtItsRow) {
 }
 
 }  // namespace
-}  // namespace tallyrun
+}  // namespace tallyrun::testing

@@ -5,13 +5,10 @@
 #include "tests/support/EntrySheetFixture.h"
 #include "tests/support/GridText.h"
 
-namespace tallyrun {
+namespace tallyrun::testing {
 namespace {
 
-using testing::FillRows;
-using testing::RowsOf;
-
-class CellPasteTest : public testing::EntrySheetFixture {};
+class CellPasteTest : public EntrySheetFixture {};
 
 TEST_F(CellPasteTest, CellsThatBelongTogetherTravelTogether) {
   const std::string source = "1|b|c|d|e|f|g|h|i|j|k|l|m";
@@ -52,4 +49,4 @@ TEST_F(CellPasteTest, FillsEverySelectedRowUpwardAndDownwardAndWidens) {
 }
 
 }  // namespace
-}  // namespace tallyrun
+}  // namespace tallyrun::testing

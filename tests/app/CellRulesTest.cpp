@@ -4,12 +4,8 @@
 #include "tests/support/EntrySheetFixture.h"
 #include "tests/support/GridText.h"
 
-namespace tallyrun {
+namespace tallyrun::testing {
 namespace {
-
-using testing::EntryCells;
-using testing::FillRows;
-using testing::RowsOf;
 
 TEST(EditableColumnsTest, EachTriggerHasItsOwnTable) {
   const struct {
@@ -31,7 +27,7 @@ TEST(EditableColumnsTest, EachTriggerHasItsOwnTable) {
   }
 }
 
-class CellRulesTest : public testing::EntrySheetFixture {
+class CellRulesTest : public EntrySheetFixture {
  protected:
   // The row before every case: all cells that a rule may fill hold something.
   static std::string Before() {
@@ -127,4 +123,4 @@ TEST_F(CellRulesTest, EditorsStartWithTheCellOrElseWithTheCellAbove) {
 }
 
 }  // namespace
-}  // namespace tallyrun
+}  // namespace tallyrun::testing

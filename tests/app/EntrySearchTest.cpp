@@ -2,13 +2,10 @@
 #include "tests/support/EntrySheetFixture.h"
 #include "tests/support/GridText.h"
 
-namespace tallyrun {
+namespace tallyrun::testing {
 namespace {
 
-using testing::EntryCells;
-using testing::FillRows;
-
-class EntrySearchTest : public testing::EntrySheetFixture {};
+class EntrySearchTest : public EntrySheetFixture {};
 
 struct SearchCase {
   const char* name;
@@ -43,4 +40,4 @@ TEST_F(EntrySearchTest, GoesDownFromTheCurrentRowAndWrapsOnce) {
 }
 
 }  // namespace
-}  // namespace tallyrun
+}  // namespace tallyrun::testing

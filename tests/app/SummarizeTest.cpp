@@ -5,14 +5,10 @@
 #include "tests/support/EntrySheetFixture.h"
 #include "tests/support/GridText.h"
 
-namespace tallyrun {
+namespace tallyrun::testing {
 namespace {
 
-using testing::EntryCells;
-using testing::FillRows;
-using testing::RowsOf;
-
-class SummarizeTest : public testing::EntrySheetFixture {
+class SummarizeTest : public EntrySheetFixture {
  protected:
   static std::string Row(std::string_view serial, std::string_view client, std::string_view boId,
                          std::string_view isin, std::string_view quantity) {
@@ -73,7 +69,7 @@ TEST_F(SummarizeTest, AnErrorKeepsWhatWasMergedBelowIt) {
     } catch (const RuntimeError& error) {
       EXPECT_EQ(error.Kind(), each.error);
     }
-    EXPECT_EQ(testing::ColumnOf(grid, EntryColumn::kQuantity), each.left);
+    EXPECT_EQ(ColumnOf(grid, EntryColumn::kQuantity), each.left);
   }
 }
 
@@ -87,4 +83,4 @@ TEST_F(SummarizeTest, TheCaptionsAreNeverMergedInto) {
 }
 
 }  // namespace
-}  // namespace tallyrun
+}  // namespace tallyrun::testing

@@ -10,14 +10,10 @@
 #include "tests/support/EntrySheetFixture.h"
 #include "tests/support/GridText.h"
 
-namespace tallyrun {
+namespace tallyrun::testing {
 namespace {
 
-using testing::ColumnOf;
 using ::testing::ElementsAre;
-using testing::EntryCells;
-using testing::FillRows;
-using testing::RowsOf;
 
 TEST(TradeFileNameTest, BeginsWithTheModeAndHoldsTheDay) {
   const struct {
@@ -45,7 +41,7 @@ TEST(TradeFileNameTest, BeginsWithTheModeAndHoldsTheDay) {
   EXPECT_THROW(ReadTradeFileName("payin"), RuntimeError);
 }
 
-class TradeFileTest : public testing::EntrySheetFixture {
+class TradeFileTest : public EntrySheetFixture {
  protected:
   std::string Write(std::string_view text) { return folder.Write("trad\xE9s.txt", text); }
 
@@ -204,4 +200,4 @@ TEST_F(TradeFileTest, TakesRandomFilesAsAPlainLoopDoes) {
 }
 
 }  // namespace
-}  // namespace tallyrun
+}  // namespace tallyrun::testing

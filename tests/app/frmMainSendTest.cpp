@@ -7,12 +7,11 @@
 #include "tests/support/MainWindowFixture.h"
 #include "ui/MessageLoop.h"
 
-namespace tallyrun {
+namespace tallyrun::testing {
 namespace {
 
 using namespace frmMainIds;
 using ::testing::ElementsAre;
-using testing::FillRows;
 
 const std::string kIdle = "Tallyrun v1.0 : Pay In";
 const std::string kSending = kIdle + "...Sending records to KTX...Please wait.";
@@ -30,7 +29,7 @@ class ProcessStub : public Process {
   std::optional<unsigned long> exitCode_;
 };
 
-class frmMainSendTest : public testing::MainWindowFixture {
+class frmMainSendTest : public MainWindowFixture {
  protected:
   frmMainSendTest() {
     PickDay(kDtpPayInOrPayOut, {2010, 1, 5});
@@ -185,4 +184,4 @@ TEST_F(frmMainSendTest, ClosingTheWindowMeanwhileEndsTheProgramQuietly) {
 }
 
 }  // namespace
-}  // namespace tallyrun
+}  // namespace tallyrun::testing

@@ -7,18 +7,14 @@
 #include "tests/support/MainWindowFixture.h"
 #include "ui/MessageLoop.h"
 
-namespace tallyrun {
+namespace tallyrun::testing {
 namespace {
 
 using namespace frmMainIds;
-using testing::ColumnOf;
 using ::testing::ElementsAre;
-using testing::EntryCells;
-using testing::FillRows;
-using testing::RowsOf;
 using ::testing::StartsWith;
 
-class frmMainTest : public testing::MainWindowFixture {};
+class frmMainTest : public MainWindowFixture {};
 
 const Message kLoseRows = {"Unsaved data will be lost.\r\nAre you sure to continue?",
                            "Confirm Loading", MessageIcon::Question, MessageButtons::YesNo};
@@ -226,4 +222,4 @@ TEST_F(frmMainTest, ClosingTheWindowClosesTheListToo) {
 }
 
 }  // namespace
-}  // namespace tallyrun
+}  // namespace tallyrun::testing

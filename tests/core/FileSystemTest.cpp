@@ -7,11 +7,8 @@
 #include "tests/support/ErrorOf.h"
 #include "tests/support/TempFolder.h"
 
-namespace tallyrun {
+namespace tallyrun::testing {
 namespace {
-
-using testing::ErrorOf;
-using testing::TempFolder;
 
 // Another program's use of the file, for as long as it lives.
 struct Held {
@@ -53,4 +50,4 @@ TEST(FileSystemTest, ANameThatNoFileCanHaveIsAPathNotFound) {
 }
 
 }  // namespace
-}  // namespace tallyrun
+}  // namespace tallyrun::testing

@@ -6,11 +6,11 @@
 #include "core/RuntimeError.h"
 #include "tests/support/TempFolder.h"
 
-namespace tallyrun {
+namespace tallyrun::testing {
 namespace {
 
 TEST(LineBlocksTest, GivesTheWholeFileInWholeLines) {
-  const testing::TempFolder folder;
+  const TempFolder folder;
   for (unsigned seed = 1; seed <= 200; ++seed) {
     SCOPED_TRACE(seed);
     std::mt19937 random(seed);
@@ -35,4 +35,4 @@ TEST(LineBlocksTest, GivesTheWholeFileInWholeLines) {
 }
 
 }  // namespace
-}  // namespace tallyrun
+}  // namespace tallyrun::testing

@@ -8,14 +8,10 @@
 #include "core/SortGrid.h"
 #include "tests/support/GridText.h"
 
-namespace tallyrun {
+namespace tallyrun::testing {
 namespace {
 
-using testing::ColumnOf;
 using ::testing::ElementsAre;
-using testing::EntryCells;
-using testing::FillRows;
-using testing::RowsOf;
 
 TEST(SortGridTest, EntriesStandByBoClientIsinThenLargerQuantityFirstAndAreRenumbered) {
   FlexGrid grid;
@@ -101,4 +97,4 @@ TEST(SortGridTest, AgreesWithAPlainSortOnRandomRows) {
 }
 
 }  // namespace
-}  // namespace tallyrun
+}  // namespace tallyrun::testing

@@ -9,17 +9,7 @@
 
 namespace tallyrun::testing {
 
-namespace {
-
 using namespace frmMainIds;
-
-std::string TradeLine(const std::string& side, const std::string& scrip,
-                      const std::string& quantity, const std::string& client) {
-  return "230001|" + scrip + "|A|" + side + "|" + quantity + "|10.00|" + client +
-         "|D01|10:00:00|N|03-01-2010|410275\r\n";
-}
-
-}  // namespace
 
 ExchangeDay::ExchangeDay() {
   SetFaults("");
@@ -27,20 +17,8 @@ ExchangeDay::ExchangeDay() {
   std::filesystem::create_directory(OnExchange(""));
 }
 
-void ExchangeDay::Start(const std::string& place, const std::string& workingFolder) {
-  clerk_.reset();
-  place_.emplace(place, Exchange::Practice);
-  work_ = File("work\\");
-  if (!workingFolder.empty()) {
-    CreateDirectoryA(workingFolder.c_str(), nullptr);
-    for (const char* list : {"BO.txt", "ISIN.txt"}) {
-      WriteBytes(workingFolder + list, ReadBytes(Work(list)));
-    }
-    const std::string settings = place_->Settings();
-    place_->Write("program\\Tallyrun.ini",
-                  settings.substr(0, settings.size() - work_.size()) + workingFolder);
-    work_ = workingFolder;
-  }
+void ExchangeDay::Start() {
+  place_.emplace("Am\xE9lie's R&D (100%)", Exchange::Practice);
   clerk_.emplace(place_->Program());
   clerk_->WaitUntilPainted();
 }
@@ -48,8 +26,11 @@ void ExchangeDay::Start(const std::string& place, const std::string& workingFold
 void ExchangeDay::ImportDay(const std::string& mode) {
   const std::string name = "import\\" + mode + "_05-01-2010.txt";
   const std::string side = mode == "payin" ? "S" : "B";
-  place_->Write(
-      name, TradeLine(side, "ALDERCEM", "300", "O101") + TradeLine(side, "BALTOIL", "200", "S102"));
+  const auto trade = [&](const std::string& scrip, const std::string& quantityToClient) {
+    return "230001|" + scrip + "|A|" + side + "|" + quantityToClient +
+           "|D01|10:00:00|N|03-01-2010|410275\r\n";
+  };
+  place_->Write(name, trade("ALDERCEM", "300|10.00|O101") + trade("BALTOIL", "200|10.00|S102"));
   Import(*clerk_, File(name));
   Main().Click(kBtnAutoFields);
 }

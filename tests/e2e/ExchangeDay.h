@@ -21,9 +21,8 @@ class ExchangeDay : public ::testing::Test {
   // Lets a client that still waits for an answer come to its end.
   ~ExchangeDay() override { SetFaults(""); }
 
-  // Starts the program. The working folder is the workplace's, or else this one, with a backslash
-  // at its end, which is made with both lists in it.
-  void Start(const std::string& place = "day", const std::string& workingFolder = "");
+  // Starts the program in a workplace whose name is as odd as a folder's may be.
+  void Start();
   // Loads the trade file of the 5th of January 2010, "payin" or "payout", with its two rows, and
   // fills the automatic fields.
   void ImportDay(const std::string& mode);
@@ -39,19 +38,17 @@ class ExchangeDay : public ::testing::Test {
   // What the exchange is to do wrong from now on; nothing for none.
   void SetFaults(const std::string& names) const;
 
-  const ClerkDriver& Clerk() const { return *clerk_; }
   ClerkDriver& Clerk() { return *clerk_; }
   OpenWindow Main() const { return MainWindow(*clerk_); }
   // Full paths in the workplace, the working folder and the folder that the exchange serves.
   std::string File(const std::string& name) const { return place_->File(name); }
-  std::string Work(const std::string& name) const { return work_ + name; }
+  std::string Work(const std::string& name) const { return File("work\\" + name); }
   std::string OnExchange(const std::string& name) const {
     return ExchangeFolder() + "\\entry\\" + name;
   }
 
  private:
   std::optional<Workplace> place_;
-  std::string work_;
   std::optional<ClerkDriver> clerk_;
 };
 

@@ -1,6 +1,6 @@
 // A clerk's machine for one test: a program folder with a copy of the real program and its
 // settings, and a working folder with the lists of the samples. Both lie in a folder of any name,
-// gone with the test. Files are read and written as bytes, apart from the program's own routines.
+// gone with the test.
 #pragma once
 
 #include <string>
@@ -15,20 +15,17 @@ enum class Exchange { Real, Practice };
 class Workplace {
  public:
   // `name` may hold blanks and any letter of the system's code page.
-  explicit Workplace(const std::string& name = "day", Exchange exchange = Exchange::Real);
+  explicit Workplace(const std::string& name = "B\xFCro, 1. Stock",
+                     Exchange exchange = Exchange::Real);
 
-  std::string Program() const { return folder_ + "\\program\\Tallyrun.exe"; }
+  std::string Program() const { return File("program\\Tallyrun.exe"); }
   // Full paths of what lies in the folder of the workplace, such as "work\\BO.txt".
   std::string File(const std::string& name) const { return folder_ + "\\" + name; }
 
-  void Write(const std::string& name, const std::string& text) const;
-  std::string Read(const std::string& name) const;
-  bool Has(const std::string& name) const;
-  void Remove(const std::string& name) const;
-  // The names in one of its folders.
-  std::vector<std::string> List(const std::string& folder) const;
-  // Copies a file of the samples.
-  void CopySample(const std::string& sample, const std::string& name) const;
+  void Write(const std::string& name, const std::string& text) const {
+    WriteBytes(File(name), text);
+  }
+  std::string Read(const std::string& name) const { return ReadBytes(File(name)); }
 
   // What the settings file says at first.
   std::string Settings() const;
@@ -38,9 +35,7 @@ class Workplace {
   std::string folder_;
 };
 
-// A file's bytes; fails the test when it can't be read.
-std::string ReadBytes(const std::string& path);
-void WriteBytes(const std::string& path, const std::string& text);
+// The names in a folder, in order.
 std::vector<std::string> NamesIn(const std::string& folder);
 
 // The folder of the practice exchange that runs beside the tests, without a backslash at the end.

@@ -35,11 +35,6 @@ for ((attempt = 0; attempt < 300; ++attempt)); do
   [[ ! -s $place/port ]] || break
 done
 [[ -s $place/port ]] || { cat "$place/log" >&2; exit 1; }
-# Suites of this name are for when there is none.
-if [[ "$*" == *--gtest_filter=Offline* ]]; then
-  kill "$exchange"
-  wait "$exchange" || true
-fi
 
 export TALLYRUN_EXCHANGE=Z:${place//\//\\}
 "$root/scripts/wine.sh" "$@"

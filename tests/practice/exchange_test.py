@@ -68,7 +68,8 @@ class ExchangeTest(unittest.TestCase):
 
     def test_a_day_is_sent_found_again_and_moved_away(self):
         text = b"S/N~Broker ID\r\n1~" + b"\xe9\x00" * 40000 + b"\r"
-        (self.local / "day.txt").write_bytes(text)
+        day = self.local / "day.txt"
+        day.write_bytes(text)
         output = self.ftp("mkdir 05-Jan-2010", "mkdir 05-Jan-2010", "cd 05-Jan-2010",
                           "get day.txt", "put day.txt", "ls")
         self.assertIn("550 Cannot create a file when that file already exists.", output)
@@ -76,21 +77,55 @@ class ExchangeTest(unittest.TestCase):
         self.assertEqual(output.count("226 Transfer complete."), 2)
         self.assertIn("\nday.txt\n", output)
         self.assertEqual((self.entry / "05-Jan-2010" / "day.txt").read_bytes(), text)
+        self.assertEqual(day.read_bytes(), text)
 
-        (self.local / "day.txt").write_bytes(b"older")
-        output = self.ftp("cd 05-Jan-2010", "get day.txt", "rename day.txt ../old.txt",
-                          "rename day.txt ../old.txt")
-        self.assertIn("226 Transfer complete.", output)
-        self.assertEqual((self.local / "day.txt").read_bytes(), text)
+        day.write_bytes(b"older")
+        output = self.ftp("cd 05-Jan-2010", "get day.txt", "get day.txt missing/day.txt",
+                          "rename day.txt ../old.txt", "rename day.txt ../old.txt")
+        # A file that cannot be written counts as no transfer.
+        self.assertEqual(output.count("226 Transfer complete."), 1)
+        self.assertIn("Error opening local file ", output)
+        self.assertEqual(day.read_bytes(), text)
         self.assertEqual((self.entry / "old.txt").read_bytes(), text)
         self.assertEqual(output.count("550 The system cannot find the file specified."), 1)
 
-    def test_no_server(self):
-        self.stop()
-        (self.local / "day.txt").write_text("text")
+    def test_sessions_read_as_the_systems_client_writes_them(self):
+        (self.local / "day.txt").write_bytes(b"S/N~Broker ID\r")
         output = self.ftp("put day.txt")
-        self.assertIn("> ftp: connect :Connection refused", output)
-        self.assertEqual(output.count("Not connected."), 2)
+        self.assertRegex(output, """^ftp> open 127.0.0.1 [0-9]+
+Connected to 127.0.0.1.
+220 .*
+User .127.0.0.1:.none..: 
+331 Password required for ledgerhand.
+Password: 
+230 .*
+ftp> prompt
+Interactive mode Off .
+ftp> cd entry
+250 .*
+ftp> put day.txt
+227 .*
+1[25][05] .*
+226 Transfer complete.
+ftp: 14 bytes sent.
+ftp> bye
+221 .*
+$""")
+        self.stop()
+        output = self.ftp("put day.txt")
+        self.assertEqual(output.split("\n", 1)[1], """> ftp: connect :Connection refused
+ftp> ledgerhand
+Invalid command.
+ftp> qz5071
+Invalid command.
+ftp> prompt
+Interactive mode Off .
+ftp> cd entry
+Not connected.
+ftp> put day.txt
+Not connected.
+ftp> bye
+""")
 
     def test_each_fault_shows_and_leaves_no_part_of_a_file(self):
         # Small enough to be taken in one piece, and large enough not to be.

@@ -53,20 +53,6 @@ class SamplesTest(unittest.TestCase):
             for name in made:
                 self.assertEqual((folder / name).read_bytes(), (SAMPLES / name).read_bytes(), name)
 
-    def test_every_security_is_found_by_its_own_scrip_id(self):
-        for name in ("work/ISIN.txt", "exchange/entry/ISIN.txt"):
-            scrips = [row[3].lower() for row in table(name)]
-            for n, scrip in enumerate(scrips):
-                self.assertFalse([s for s in scrips[:n] if scrip in s], scrip)
-
-    def test_the_day_is_large_enough_to_summarise(self):
-        for name, side in (("payin", "S"), ("payout", "B")):
-            trades = [t.split("|") for t in lines("import/%s_05-01-2010.txt" % name) if t]
-            taken = [t for t in trades if t[3] == side]
-            self.assertGreaterEqual(len(trades), 300)
-            self.assertTrue(set("BS") == {t[3] for t in trades})
-            self.assertLess(len({(t[1], t[6]) for t in taken}), len(taken) // 2)
-
     def test_the_first_holding_file_falls_short_and_the_corrected_one_does_not(self):
         self.assertEqual(shortfalls("import/11DPA6UX.TXT"), (1, 1))
         self.assertEqual(shortfalls("import/corrected/11DPA6UX.TXT"), (0, 0))

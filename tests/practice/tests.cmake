@@ -1,7 +1,3 @@
-list(APPEND portable_tests
-  practice/FtpClientTest.cpp
-)
-
 if(WIN32)
   add_test(NAME windows.PracticeExchange
     COMMAND /usr/bin/python3 ${CMAKE_CURRENT_SOURCE_DIR}/practice/exchange_test.py

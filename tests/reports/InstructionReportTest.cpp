@@ -8,10 +8,13 @@
 #include "reports/InstructionReport.h"
 #include "tests/support/RecordingPlatform.h"
 #include "tests/support/TempFolder.h"
-#include "tests/support/TestData.h"
 
 namespace tallyrun::testing {
 namespace {
+
+std::string Golden(const std::string& name) {
+  return ReadBytes(std::string(TALLYRUN_TEST_DATA) + "/reports/" + name);
+}
 
 class InstructionReport : public ::testing::Test {
  protected:
@@ -19,7 +22,7 @@ class InstructionReport : public ::testing::Test {
     Settings.clearingBoid = "1201950000000001";
     platform_.programFolder = folder_.Path().substr(0, folder_.Path().size() - 1);
     sheet_.SetCols(EntryColumn::kCount);
-    folder_.Write("sheet.txt", TestData("reports/sheet.txt"));
+    folder_.Write("sheet.txt", Golden("sheet.txt"));
     LoadFileIntoGrid(folder_ / "sheet.txt", sheet_);
   }
   ~InstructionReport() override { Settings = {}; }
@@ -39,7 +42,7 @@ TEST(PadText, CutsOrFillsToTheWidth) {
 
 TEST_F(InstructionReport, PayInIsWrittenByteForByteAndOpened) {
   BuildPayInReport(sheet_);
-  EXPECT_EQ(folder_.Read("PAY-IN INSTRUCTIONS"), TestData("reports/pay-in.txt"));
+  EXPECT_EQ(folder_.Read("PAY-IN INSTRUCTIONS"), Golden("pay-in.txt"));
   ASSERT_EQ(platform_.started.size(), 1u);
   EXPECT_EQ(platform_.started[0].commandLine,
             "notepad \"" + folder_ / "PAY-IN INSTRUCTIONS" + "\"");
@@ -50,7 +53,7 @@ TEST_F(InstructionReport, PayOutReplacesTheOldReportAndCarriesSignatures) {
   folder_.Write("PAY-OUT INSTRUCTIONS", "yesterday's");
   sheet_.SetRows(2);
   BuildPayOutReport(sheet_);
-  EXPECT_EQ(folder_.Read("PAY-OUT INSTRUCTIONS"), TestData("reports/pay-out.txt"));
+  EXPECT_EQ(folder_.Read("PAY-OUT INSTRUCTIONS"), Golden("pay-out.txt"));
   EXPECT_FALSE(folder_.Has("PAY-IN INSTRUCTIONS"));
 }
 

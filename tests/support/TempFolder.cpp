@@ -32,20 +32,12 @@ std::string TempFolder::operator/(std::string_view name) const {
 }
 
 std::string TempFolder::Write(std::string_view name, std::string_view text) const {
-  const fs::path path = Native(name);
-  fs::create_directories(path.parent_path());
-  std::ofstream file(path, std::ios::binary);
-  file.write(text.data(), static_cast<std::streamsize>(text.size()));
-  file.close();
-  EXPECT_TRUE(file) << "cannot write " << path;
+  fs::create_directories(Native(name).parent_path());
+  WriteBytes(Native(name), text);
   return *this / name;
 }
 
-std::string TempFolder::Read(std::string_view name) const {
-  std::ifstream file(Native(name), std::ios::binary);
-  EXPECT_TRUE(file) << "cannot read " << Native(name);
-  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
-}
+std::string TempFolder::Read(std::string_view name) const { return ReadBytes(Native(name)); }
 
 void TempFolder::Remove(std::string_view name) const { fs::remove(Native(name)); }
 
@@ -59,6 +51,19 @@ fs::path TempFolder::Native(std::string_view name) const {
   std::string mapped(name);
   std::replace(mapped.begin(), mapped.end(), '\\', '/');
   return root_ / mapped;
+}
+
+std::string ReadBytes(const fs::path& path) {
+  std::ifstream file(path, std::ios::binary);
+  EXPECT_TRUE(file) << "cannot read " << path;
+  return {std::istreambuf_iterator<char>(file), std::istreambuf_iterator<char>()};
+}
+
+void WriteBytes(const fs::path& path, std::string_view text) {
+  std::ofstream file(path, std::ios::binary);
+  file.write(text.data(), static_cast<std::streamsize>(text.size()));
+  file.close();
+  EXPECT_TRUE(file) << "cannot write " << path;
 }
 
 }  // namespace tallyrun::testing

@@ -19,9 +19,7 @@ class TempFolder {
   // The path of `name` in the folder.
   std::string operator/(std::string_view name) const;
 
-  // The file as bytes. Write makes the folders that `name` names and gives back
-  // the path. Both are apart from the file
-  // routines under test; a failure fails the test.
+  // The file as bytes. Write makes the folders that `name` names and gives back the path.
   std::string Write(std::string_view name, std::string_view text) const;
   std::string Read(std::string_view name) const;
   bool Has(std::string_view name) const;
@@ -34,5 +32,9 @@ class TempFolder {
  private:
   std::filesystem::path root_;
 };
+
+// A file's bytes, apart from the file routines under test; a failure fails the test.
+std::string ReadBytes(const std::filesystem::path& path);
+void WriteBytes(const std::filesystem::path& path, std::string_view text);
 
 }  // namespace tallyrun::testing
