@@ -2,30 +2,17 @@
 
 #include <algorithm>
 #include <charconv>
-#include <optional>
 
+#include "core/PlainNumber.h"
 #include "core/RuntimeError.h"
 
 namespace tallyrun {
 namespace {
 
-constexpr std::size_t kMaxNumberDigits = 9;
 constexpr int kDefaultColWidth = 960;        // twips
 constexpr int kDefaultCharacterWidth = 120;  // twips, until a view gives its font
 // Below this many texts a pool is not worth rebuilding.
 constexpr std::size_t kSmallPool = 1024;
-
-// The number that `text` is the plain decimal writing of: digits alone, no leading zero.
-std::optional<int> PlainNumber(std::string_view text) {
-  if (text.empty() || text.size() > kMaxNumberDigits) return std::nullopt;
-  if (text.front() == '0' && text.size() > 1) return std::nullopt;
-  int number = 0;
-  for (const char character : text) {
-    if (character < '0' || character > '9') return std::nullopt;
-    number = number * 10 + (character - '0');
-  }
-  return number;
-}
 
 }  // namespace
 
@@ -90,13 +77,13 @@ std::string_view FlexGrid::WriteNumber(CellValue number, CellScratch& scratch) {
 }
 
 CellValue FlexGrid::Intern(std::string_view text) {
-  if (const auto number = PlainNumber(text)) return NumberCell(*number);
+  if (const auto number = PlainNumber(text)) return NumberCell(static_cast<int>(*number));
   return static_cast<CellValue>(pool_.Intern(text));
 }
 
 FlexGrid::Interning::Interning(const FlexGrid& grid, std::string_view text) {
   if (const auto number = PlainNumber(text)) {
-    cell_ = NumberCell(*number);
+    cell_ = NumberCell(static_cast<int>(*number));
   } else {
     key_ = TextKey(text);
     grid.pool_.Prefetch(key_);

@@ -8,9 +8,11 @@
 
 namespace tallyrun {
 
-void AnchorFilter::Add(std::string_view anchor) {
+void AnchorFilter::Add(std::uint64_t anchor) {
+  std::array<std::uint8_t, kAnchorBytes> bytes;
+  std::memcpy(bytes.data(), &anchor, sizeof anchor);
   for (std::size_t at = 0; at < kAnchorBytes; ++at) {
-    const auto byte = static_cast<std::uint8_t>(anchor[at]);
+    const std::uint8_t byte = bytes[at];
     const int least = std::min(least_[at], byte);
     const int greatest = std::max<int>(least_[at] + span_[at], byte);
     // Before the first one the least byte is the greatest there is.
@@ -65,16 +67,22 @@ AnchorFilter::Masks AnchorFilter::MasksOf(const char* block) const {
 
 #endif
 
-AnchorFilter::Masks AnchorFilter::MasksAt(std::string_view text, std::size_t begin) const {
-  if (begin >= kBefore && begin + kBlock <= text.size()) return MasksOf(text.data() + begin);
-  // The first and the last block reach beyond the text.
-  char copy[kBefore + kBlock] = {};
-  const std::size_t before = std::min(begin, kBefore);
-  const std::size_t inside = std::min(kBlock, text.size() - begin);
-  std::memcpy(copy + kBefore - before, text.data() + begin - before, before + inside);
-  Masks masks = MasksOf(copy + kBefore);
+AnchorFilter::Masks AnchorFilter::MasksAt(std::string_view text, std::size_t begin,
+                                          std::size_t end) const {
+  const std::size_t inside = std::min(kBlock, end - begin);
   const std::uint64_t isInside = ~std::uint64_t{0} >> (kBlock - inside);
-  masks.mayEnd &= isInside & ~std::uint64_t{0} << (kBefore - before);
+  Masks masks;
+  if (begin >= kBefore && begin + kBlock <= text.size()) {
+    masks = MasksOf(text.data() + begin);
+  } else {
+    // The first and the last block reach beyond the text.
+    char copy[kBefore + kBlock] = {};
+    const std::size_t before = std::min(begin, kBefore);
+    std::memcpy(copy + kBefore - before, text.data() + begin - before, before + inside);
+    masks = MasksOf(copy + kBefore);
+    masks.mayEnd &= ~std::uint64_t{0} << (kBefore - before);
+  }
+  masks.mayEnd &= isInside;
   masks.lineFeeds &= isInside;
   return masks;
 }

@@ -19,14 +19,16 @@ class AnchorFilter {
  public:
   // The wanted texts' anchors are given one by one, all before anything is asked.
   AnchorFilter() { least_.fill(UINT8_MAX); }
-  void Add(std::string_view anchor);
+  void Add(std::uint64_t anchor);
 
-  // Calls visit(place, mayEnd) in order for every byte of `text` that is a line feed or with which
-  // an anchor may end (`mayEnd`), until it returns false.
+  // Calls visit(place, mayEnd) in order for every byte of `text` from `begin` to `end` that is a
+  // line feed or with which an anchor may end (`mayEnd`), until it returns false. An anchor may
+  // reach back before `begin`.
   template <class Visit>
-  void ForEachPlace(std::string_view text, Visit&& visit) const {
-    for (std::size_t begin = 0; begin < text.size(); begin += kBlock) {
-      const Masks masks = MasksAt(text, begin);
+  void ForEachPlace(std::string_view text, std::size_t begin, std::size_t end,
+                    Visit&& visit) const {
+    for (; begin < end; begin += kBlock) {
+      const Masks masks = MasksAt(text, begin, end);
       for (std::uint64_t left = masks.mayEnd | masks.lineFeeds; left != 0; left &= left - 1) {
         const int bit = std::countr_zero(left);
         if (!visit(begin + static_cast<std::size_t>(bit), (masks.mayEnd >> bit & 1) != 0)) return;
@@ -45,7 +47,7 @@ class AnchorFilter {
   };
   // Of a block that has kBefore bytes before it.
   Masks MasksOf(const char* block) const;
-  Masks MasksAt(std::string_view text, std::size_t begin) const;
+  Masks MasksAt(std::string_view text, std::size_t begin, std::size_t end) const;
 
   // By byte of the anchor: the least one wanted, and how much more the greatest is.
   std::array<std::uint8_t, kAnchorBytes> least_;

@@ -25,65 +25,54 @@ constexpr int kNoRow = 0;
 // Looking at the clock takes as long as checking a row.
 constexpr int kRowsPerLook = 64;
 
-// The BO IDs and ISINs that the sheet's rows hold, each once, and the holding line of every row.
-class SheetHoldings {
+// The distinct values of a column, numbered in the order in which they are met.
+class Distinct {
  public:
-  explicit SheetHoldings(const FlexGrid& grid) : boIds_(grid), isins_(grid) {
-    query_.pairs.reserve(static_cast<std::size_t>(grid.Rows() - 1));
-    for (int row = 1; row < grid.Rows(); ++row) {
-      const auto cells = grid.RowCells(row);
-      query_.pairs.push_back({boIds_.NumberOf(cells[EntryColumn::kBoId]),
-                              isins_.NumberOf(cells[EntryColumn::kIsinCode])});
-    }
-    query_.boIds = boIds_.Texts();
-    query_.isins = isins_.Texts();
-  }
+  explicit Distinct(const FlexGrid& grid) : grid_(grid), numbers_(grid.DistinctTexts(), 0) {}
 
-  void FindIn(const HoldingFile& file) { lines_ = FindHoldings(file, query_); }
-  const std::optional<std::string_view>& LineOf(int row) const {
-    return lines_[static_cast<std::size_t>(row) - 1];
+  std::uint32_t NumberOf(CellValue value) {
+    if (IsNumber(value)) return NumberOfNumber(value);
+    std::uint32_t& number = numbers_[static_cast<std::size_t>(value)];
+    if (number == 0) number = Add(grid_.TextOf(value)) + 1;
+    return number - 1;
   }
+  // Good for as long as this lives.
+  std::vector<std::string_view> TakeTexts() { return std::move(texts_); }
 
  private:
-  // The distinct values of a column, numbered in the order in which they are met.
-  class Distinct {
-   public:
-    explicit Distinct(const FlexGrid& grid) : grid_(grid), numbers_(grid.DistinctTexts(), kNew) {}
+  std::uint32_t NumberOfNumber(CellValue value) {
+    const auto [place, isNew] = numbersOfNumbers_.emplace(value, 0);
+    CellScratch scratch;
+    if (isNew) place->second = Add(digits_.emplace_back(grid_.View(value, scratch)));
+    return place->second;
+  }
+  std::uint32_t Add(std::string_view text) {
+    texts_.push_back(text);
+    return static_cast<std::uint32_t>(texts_.size()) - 1;
+  }
 
-    std::uint32_t NumberOf(CellValue value) {
-      if (IsNumber(value)) return NumberOfNumber(value);
-      std::uint32_t& number = numbers_[static_cast<std::size_t>(value)];
-      if (number == kNew) number = Add(grid_.TextOf(value));
-      return number;
-    }
-    const std::vector<std::string_view>& Texts() const { return texts_; }
-
-   private:
-    static constexpr std::uint32_t kNew = UINT32_MAX;
-
-    std::uint32_t NumberOfNumber(CellValue value) {
-      const auto [place, isNew] = numbersOfNumbers_.emplace(value, 0);
-      CellScratch scratch;
-      if (isNew) place->second = Add(digits_.emplace_back(grid_.View(value, scratch)));
-      return place->second;
-    }
-    std::uint32_t Add(std::string_view text) {
-      texts_.push_back(text);
-      return static_cast<std::uint32_t>(texts_.size()) - 1;
-    }
-
-    const FlexGrid& grid_;
-    std::vector<std::uint32_t> numbers_;  // by the text's number in the grid
-    std::unordered_map<CellValue, std::uint32_t> numbersOfNumbers_;
-    std::deque<std::string> digits_;
-    std::vector<std::string_view> texts_;
-  };
-
-  Distinct boIds_;
-  Distinct isins_;
-  HoldingQuery query_;
-  std::vector<std::optional<std::string_view>> lines_;
+  const FlexGrid& grid_;
+  std::vector<std::uint32_t> numbers_;  // plus 1, by the text's number in the grid
+  std::unordered_map<CellValue, std::uint32_t> numbersOfNumbers_;
+  std::deque<std::string> digits_;
+  std::vector<std::string_view> texts_;
 };
+
+// The balance of every data row's BO ID and ISIN.
+HoldingBalances BalancesOf(const FlexGrid& grid, HoldingFile& file) {
+  Distinct boIds(grid);
+  Distinct isins(grid);
+  HoldingQuery query;
+  query.pairs.reserve(static_cast<std::size_t>(grid.Rows() - 1));
+  for (int row = 1; row < grid.Rows(); ++row) {
+    const auto cells = grid.RowCells(row);
+    query.pairs.push_back(
+        {boIds.NumberOf(cells[EntryColumn::kBoId]), isins.NumberOf(cells[EntryColumn::kIsinCode])});
+  }
+  query.boIds = boIds.TakeTexts();
+  query.isins = isins.TakeTexts();
+  return FindHoldings(file, query);
+}
 
 void ShowRow(FlexGrid& grid, int row) {
   grid.SelectRow(row);
@@ -99,15 +88,13 @@ bool IsSameHolding(const FlexGrid& grid, int row, int other) {
 // same holding.
 class RowCheck {
  public:
-  RowCheck(const FlexGrid& grid, const SheetHoldings& holdings)
-      : grid_(grid), holdings_(holdings) {}
+  RowCheck(const FlexGrid& grid, const HoldingBalances& balances)
+      : grid_(grid), balances_(balances) {}
 
   // True when the row's holding covers what it and the equal rows just before it ask for.
   bool Passes(int row) {
     total_ = TotalWith(row, grid_.Cell(row, EntryColumn::kQuantity));
-    CellScratch boId, isin;
-    return CompareHolding(holdings_.LineOf(row), grid_.View(row, EntryColumn::kBoId, boId),
-                          grid_.View(row, EntryColumn::kIsinCode, isin), total_);
+    return CompareHolding(grid_, balances_, row, total_);
   }
 
  private:
@@ -120,15 +107,15 @@ class RowCheck {
   }
 
   const FlexGrid& grid_;
-  const SheetHoldings& holdings_;
+  const HoldingBalances& balances_;
   std::int32_t total_ = 0;
 };
 
 // Checks every row, showing each as it goes. The first row that failed, or kNoRow; an error
 // leaves the row it was met in selected.
-int FindFirstFailingRow(const HoldingCheck& check, const SheetHoldings& holdings) {
+int FindFirstFailingRow(const HoldingCheck& check, const HoldingBalances& balances) {
   FlexGrid& grid = check.entries;
-  RowCheck rows(grid, holdings);
+  RowCheck rows(grid, balances);
   FramePacer pacer;
   int firstFailing = kNoRow;
   int row = 1;
@@ -148,12 +135,11 @@ int FindFirstFailingRow(const HoldingCheck& check, const SheetHoldings& holdings
   return firstFailing;
 }
 
-bool CheckAgainst(const HoldingCheck& check, const HoldingFile& file) {
+bool CheckAgainst(const HoldingCheck& check, HoldingFile file) {
   check.window.SetCaption(CaptionFor("...Checking balance on " + std::string(file.Subject())));
   HoldingMessage.clear();
-  SheetHoldings holdings(check.entries);
-  holdings.FindIn(file);
-  const bool failed = FindFirstFailingRow(check, holdings) != kNoRow;
+  const HoldingBalances balances = BalancesOf(check.entries, file);
+  const bool failed = FindFirstFailingRow(check, balances) != kNoRow;
   if (!HoldingMessage.empty()) check.showHoldingMessage();
   EndBusy(check.window, check.savedCaption);
   return failed;
@@ -183,7 +169,8 @@ bool CheckHoldingFile(const HoldingCheck& check, const std::string& path) {
   try {
     if (FileLength(path) <= 0) return RefuseEmptyFile(check);
     check.window.SetPointer(PointerShape::Hourglass);
-    return CheckAgainst(check, HoldingFile(ReadWholeFile(path)));
+    LineBlocks blocks(path);
+    return CheckAgainst(check, HoldingFile(blocks));
   } catch (const std::exception&) {
     EndBusy(check.window, check.savedCaption);
     Tell("Error checking BO account holding balance.", "Holding Check Error.",
@@ -192,19 +179,17 @@ bool CheckHoldingFile(const HoldingCheck& check, const std::string& path) {
   }
 }
 
-bool CompareHolding(const std::optional<std::string_view>& holdingLine, std::string_view boId,
-                    std::string_view isin, std::int32_t quantity) {
-  const auto add = [&](const std::string& problem) {
-    HoldingMessage.append(boId).append(" ").append(isin).append(problem).append("\r\n");
-  };
-  if (!holdingLine) {
-    add(" holding balance missing.");
-    return false;
-  }
-  const std::string_view balance = HoldingFile::BalanceOf(*holdingLine);
-  if (quantity <= ToDouble(balance)) return true;
-  add(" holding insufficient. " + EntryMode.name + " quantity : " + std::to_string(quantity) +
-      " Holding balance : " + std::string(balance));
+bool CompareHolding(const FlexGrid& entries, const HoldingBalances& balances, int row,
+                    std::int32_t quantity) {
+  const std::size_t pair = static_cast<std::size_t>(row) - 1;
+  if (balances.Covers(pair, quantity)) return true;
+  HoldingMessage +=
+      entries.Text(row, EntryColumn::kBoId) + " " + entries.Text(row, EntryColumn::kIsinCode);
+  HoldingMessage += balances.IsMissing(pair) ? " holding balance missing."
+                                             : " holding insufficient. " + EntryMode.name +
+                                                   " quantity : " + std::to_string(quantity) +
+                                                   " Holding balance : " + balances.TextOf(pair);
+  HoldingMessage += "\r\n";
   return false;
 }
 

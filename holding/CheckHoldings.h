@@ -5,12 +5,11 @@
 
 #include <cstdint>
 #include <functional>
-#include <optional>
 #include <string>
-#include <string_view>
 
 #include "core/BusyWindow.h"
 #include "core/FlexGrid.h"
+#include "holding/HoldingBalances.h"
 
 namespace tallyrun {
 
@@ -33,11 +32,11 @@ bool CheckHoldings(const HoldingCheck& check);
 // Checks every row against the file at `path`; as above. The file is read once.
 bool CheckHoldingFile(const HoldingCheck& check, const std::string& path);
 
-// True when `quantity` is covered by the balance at the end of `holdingLine`, the first line of
-// the file that has the BO ID and the ISIN; else adds the reason to HoldingMessage. Raises
-// TypeMismatch when the balance is no number.
-bool CompareHolding(const std::optional<std::string_view>& holdingLine, std::string_view boId,
-                    std::string_view isin, std::int32_t quantity);
+// True when `quantity`, asked for by a row of the sheet, is covered by the balance that was found
+// for it; else adds the reason to HoldingMessage. Raises TypeMismatch when the balance is no
+// number. The balances are those of rows 1 and on.
+bool CompareHolding(const FlexGrid& entries, const HoldingBalances& balances, int row,
+                    std::int32_t quantity);
 
 // True (stop), after a message, when two neighbouring rows have the same BO ID and ISIN; selects
 // the first of them.

@@ -7,24 +7,37 @@
 namespace tallyrun {
 namespace {
 
-constexpr int kHeaderLines = 8;
 constexpr std::string_view kBeforeSubject = "Report for ";
 constexpr std::string_view kAfterSubject = " :";
+constexpr std::string_view kLineEnd = "\r\n";
 
 }  // namespace
 
-HoldingFile::HoldingFile(std::string text) : text_(std::move(text)), holdings_(0) {
-  for (int line = 0; line < kHeaderLines && holdings_ != std::string::npos; ++line) {
-    holdings_ = AfterLineEnd(text_.find(kLineEnd, holdings_));
-  }
-}
-
 std::string_view HoldingFile::Subject() const {
-  const std::string_view line = std::string_view(text_).substr(0, text_.find(kLineEnd));
+  const std::string_view line = first_.text.substr(0, first_.text.find(kLineEnd));
   const std::size_t before = line.find(kBeforeSubject);
   if (before == std::string_view::npos) throw RuntimeError(ErrorKind::SubscriptOutOfRange);
   const std::string_view rest = line.substr(before + kBeforeSubject.size());
   return rest.substr(0, rest.find(kAfterSubject));
+}
+
+std::optional<LineBlock> HoldingFile::NextHoldings() {
+  while (!isOver_) {
+    LineBlock block = std::exchange(isBegun_, true) ? blocks_.Next() : first_;
+    isOver_ = block.isLast;
+    SkipHeader(block);
+    if (headerLinesLeft_ == 0 && (block.isLast || !block.text.empty())) return block;
+  }
+  return std::nullopt;
+}
+
+void HoldingFile::SkipHeader(LineBlock& block) {
+  while (headerLinesLeft_ > 0) {
+    const std::size_t end = block.text.find(kLineEnd);
+    if (end == std::string_view::npos) return;
+    block.text.remove_prefix(end + kLineEnd.size());
+    --headerLinesLeft_;
+  }
 }
 
 std::string_view HoldingFile::BalanceOf(std::string_view line) {

@@ -1,12 +1,12 @@
-// The search for holdings: for every wanted pair of BO ID and ISIN the first holding line that
-// contains both, found in one pass over the file. Knows no grid.
+// The search for holdings: for every wanted pair of BO ID and ISIN the balance on the first
+// holding line that contains both, found in one pass over the file. Knows no grid.
 #pragma once
 
 #include <cstdint>
-#include <optional>
 #include <string_view>
 #include <vector>
 
+#include "holding/HoldingBalances.h"
 #include "holding/HoldingFile.h"
 
 namespace tallyrun {
@@ -21,10 +21,8 @@ struct HoldingQuery {
   std::vector<Pair> pairs;              // in any order, also several times
 };
 
-// For each pair the first line (from line 9 on) that contains both texts, case-sensitive and
-// anywhere in it, or nothing. An empty text is contained in every line. The lines are views into
-// `file`.
-std::vector<std::optional<std::string_view>> FindHoldings(const HoldingFile& file,
-                                                          const HoldingQuery& query);
+// For each pair the balance on the first line (from line 9 on) that contains both texts,
+// case-sensitive and anywhere in it. An empty text is contained in every line.
+HoldingBalances FindHoldings(HoldingFile& file, const HoldingQuery& query);
 
 }  // namespace tallyrun

@@ -1,6 +1,10 @@
 // Many texts of eight bytes and more, each anchored on its last eight: which of them end at a
 // given place. Nearly every place is settled by a bit table, and a true anchor leads to its text
 // at once; only texts that end alike are looked up by each of their lengths.
+//
+// The texts of a sheet are as many as do not fit into a processor's near caches, so a slot of the
+// hash table is no more than a number, and all that is compared lies in the texts' order, which is
+// mostly the order in which a file comes to them.
 #pragma once
 
 #include <cstdint>
@@ -21,8 +25,8 @@ struct NumberedText {
 
 class LongTexts {
  public:
-  // Distinct texts. They are copied side by side, in their order.
-  explicit LongTexts(std::vector<NumberedText> texts);
+  // Distinct texts, fewer than 2^31. They are copied side by side, in their order.
+  explicit LongTexts(const std::vector<NumberedText>& texts);
 
   const AnchorFilter& Filter() const { return filter_; }
 
@@ -33,26 +37,34 @@ class LongTexts {
   }
 
  private:
-  struct Slot {
-    std::uint64_t anchor = 0;
-    std::uint32_t text = kFree;  // index into texts_, or one of the marks
+  struct Text {
+    std::uint64_t anchor;
+    const char* begin;  // in bytes_
+    std::uint32_t size;
+    std::uint32_t number;
+
+    std::string_view View() const { return {begin, size}; }
   };
-  static constexpr std::uint32_t kFree = UINT32_MAX;
-  static constexpr std::uint32_t kSeveral = UINT32_MAX - 1;
+  // A slot holds the index of a text plus 1, and a mark when others end like it.
+  static constexpr std::uint32_t kFree = 0;
+  static constexpr std::uint32_t kEndAlike = 0x80000000u;
+  const Text& TextIn(std::uint32_t slot) const { return texts_[(slot & ~kEndAlike) - 1]; }
 
   void FindAnchored(std::uint64_t anchor, std::string_view ending,
                     std::vector<std::uint32_t>& found) const;
+  void FindEndingAlike(std::string_view ending, std::vector<std::uint32_t>& found) const;
   void Add(std::uint32_t text);
-  void AddToSeveral(std::uint32_t text);
+  void AddEndingAlike(std::uint32_t text);
   std::size_t SlotOf(std::uint64_t anchor) const;
 
   std::string bytes_;
-  std::vector<NumberedText> texts_;  // views into bytes_
+  std::vector<Text> texts_;
   AnchorFilter filter_;
   AnchorBits bits_;
-  std::vector<Slot> slots_;           // open addressing
-  std::vector<std::size_t> lengths_;  // of the texts that share an anchor, each once, sorted
-  TextTable several_;                 // those texts, by index plus 1
+  std::vector<std::uint32_t> slots_;  // open addressing
+  int slotShift_;                     // leaves as many bits of a hash as tell the slots
+  std::vector<std::size_t> lengths_;  // of the texts that end alike, each once, sorted
+  TextTable alike_;                   // those texts, by index plus 1
 };
 
 }  // namespace tallyrun

@@ -7,6 +7,7 @@
 #include <string_view>
 #include <vector>
 
+#include "core/LineBlocks.h"
 #include "holding/LongTexts.h"
 #include "holding/ShortTexts.h"
 
@@ -14,30 +15,40 @@ namespace tallyrun {
 
 class TextMatcher {
  public:
-  // The texts to look for, known by their index; distinct, none empty. They must outlive the
-  // matcher.
+  // The texts to look for, known by their index; distinct. They must outlive the matcher.
   explicit TextMatcher(const std::vector<std::string_view>& texts);
 
-  // Cuts `text` into lines at CR LF and calls visit(line, found) for each in order until it
-  // returns false. `found` holds the index of every text that the line contains; of a text that
-  // occurs several times perhaps as often.
+  // Calls visit(begin, end, found) in order for each of the block's lines, which lies from `begin`
+  // to `end` of its text without its CR LF, until it returns false. `found` holds the index of
+  // every text that the line contains, as every line does the empty one; of a text that occurs
+  // several times perhaps as often. The visitor may change it.
   template <class Visit>
-  void ForEachLine(std::string_view text, Visit&& visit) const;
+  void ForEachLine(const LineBlock& block, Visit&& visit) const;
+
+  // Adds to `found` the same for one line that lies in `text` from `begin` to `end`.
+  void FindIn(std::string_view text, std::size_t begin, std::size_t end,
+              std::vector<std::uint32_t>& found) const;
 
  private:
+  void FindShortIn(std::string_view line, std::vector<std::uint32_t>& found) const {
+    if (short_) short_->FindIn(line, found);
+    if (empty_) found.push_back(*empty_);
+  }
+
+  std::optional<std::uint32_t> empty_;  // the number of the empty text
   std::optional<LongTexts> long_;
   std::optional<ShortTexts> short_;
 };
 
 template <class Visit>
-void TextMatcher::ForEachLine(std::string_view text, Visit&& visit) const {
+void TextMatcher::ForEachLine(const LineBlock& block, Visit&& visit) const {
+  const std::string_view text = block.text;
   std::vector<std::uint32_t> found;
   std::size_t lineBegin = 0;
   bool goesOn = true;
   const auto endLine = [&](std::size_t end) {
-    const std::string_view line = text.substr(lineBegin, end - lineBegin);
-    if (short_) short_->FindIn(line, found);
-    goesOn = visit(line, found);
+    FindShortIn(text.substr(lineBegin, end - lineBegin), found);
+    goesOn = visit(lineBegin, end, found);
     found.clear();
   };
   const auto see = [&](std::size_t place, bool mayEnd) {
@@ -54,13 +65,13 @@ void TextMatcher::ForEachLine(std::string_view text, Visit&& visit) const {
     return goesOn;
   };
   if (long_) {
-    long_->Filter().ForEachPlace(text, see);
+    long_->Filter().ForEachPlace(text, 0, text.size(), see);
   } else {
     for (std::size_t place = text.find('\n'); place != text.npos && see(place, false);) {
       place = text.find('\n', place + 1);
     }
   }
-  if (goesOn) endLine(text.size());
+  if (goesOn && block.isLast) endLine(text.size());
 }
 
 }  // namespace tallyrun
