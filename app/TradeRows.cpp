@@ -48,13 +48,26 @@ void TradeRows::EndLine() {
   if (line.Count() < 2) return;
   // A line too short to have a side ends the import behind the rows of the lines before it.
   if (!line.Has(TradeField::kSide)) FillGathered();
-  if (line.Field(TradeField::kSide) != side_) return;
+  if (!SameText(line.Field(TradeField::kSide), side_)) return;
   if (++gathered_ == kGathered) FillGathered();
 }
 
 void TradeRows::FillGathered() {
-  const std::span lines = std::span(lines_).first(gathered_);
+  const std::span<Gathered> lines = std::span(lines_).first(gathered_);
   gathered_ = 0;
+  FindAccountsOf(lines);
+  std::array<Row, kGathered> rows{};
+  std::size_t begun = 0;
+  try {
+    for (const Gathered& each : lines) PutTogether(rows[begun++], each);
+  } catch (...) {
+    PutIntoGrid(std::span(rows).first(begun));
+    throw;
+  }
+  PutIntoGrid(std::span(rows).first(begun));
+}
+
+void TradeRows::FindAccountsOf(std::span<Gathered> lines) {
   for (Gathered& each : lines) {
     if (!each.line.Has(TradeField::kClientCode)) continue;
     each.clientCode = TextKey(each.line.Field(TradeField::kClientCode));
@@ -68,41 +81,53 @@ void TradeRows::FillGathered() {
     unknownClientCodes_.push_back(grid_.Intern(each.clientCode.text));
   }
   lookups_.PrepareAccountsOf(unknownClientCodes_);
-  for (const Gathered& each : lines) FillRow(++filled_, each);
 }
 
-void TradeRows::FillRow(int row, const Gathered& gathered) {
+// Field by field as the sheet takes them: what stands before one that is missing or wrong stays.
+void TradeRows::PutTogether(Row& row, const Gathered& gathered) {
   const TradeLine& line = gathered.line;
-  const auto cells = grid_.RowCells(row);
-  const auto put = [cells](int col, CellValue value) {
-    cells[static_cast<std::size_t>(col)] = value;
-  };
-  const auto putAndFit = [&](int col, CellValue value) {
-    put(col, value);
-    fitter_.Fit(col, value);
-  };
-  putAndFit(EntryColumn::kSerial, NumberCell(row));
   const TextKey scripId(line.Field(TradeField::kScripId));
   const std::uint32_t place = securities_.Find(scripId);
   const bool isNew = place == KnownCodes::kUnknown;
   KnownCode security = isNew ? KnownCode{grid_.Intern(scripId.text), {}} : securities_.At(place);
-  put(EntryColumn::kScripId, security.cell);
+  row[EntryColumn::kScripId] = security.cell;
   if (isNew) fitter_.Fit(EntryColumn::kScripId, security.cell);
-  putAndFit(EntryColumn::kQuantity, grid_.Intern(line.Field(TradeField::kQuantity)));
+  const CellValue quantity = grid_.Intern(line.Field(TradeField::kQuantity));
+  row[EntryColumn::kQuantity] = quantity;
+  fitter_.Fit(EntryColumn::kQuantity, quantity);
   line.Field(TradeField::kClientCode);
   const KnownCode account = AccountOf(gathered);
-  put(EntryColumn::kClientCode, account.cell);
-  put(EntryColumn::kBoId, account.answer.code);
-  put(EntryColumn::kBoName, account.answer.name);
-  putAndFit(EntryColumn::kTradeDate, TradeDate(line.Field(TradeField::kTradeDate)));
+  row[EntryColumn::kClientCode] = account.cell;
+  row[EntryColumn::kBoId] = account.answer.code;
+  row[EntryColumn::kBoName] = account.answer.name;
+  row[EntryColumn::kTradeDate] = TradeDate(line.Field(TradeField::kTradeDate));
   if (isNew) {
     security.answer = lookups_.SecurityOf(security.cell);
     fitter_.Fit(EntryColumn::kIsinCode, security.answer.code);
     fitter_.Fit(EntryColumn::kIsinName, security.answer.name);
     securities_.Add(scripId, security);
   }
-  put(EntryColumn::kIsinCode, security.answer.code);
-  put(EntryColumn::kIsinName, security.answer.name);
+  row[EntryColumn::kIsinCode] = security.answer.code;
+  row[EntryColumn::kIsinName] = security.answer.name;
+}
+
+// A column at a time, so that what is written lies side by side.
+void TradeRows::PutIntoGrid(std::span<const Row> rows) {
+  if (rows.empty()) return;
+  constexpr int kColumns[] = {EntryColumn::kTradeDate, EntryColumn::kClientCode,
+                              EntryColumn::kBoId,      EntryColumn::kBoName,
+                              EntryColumn::kScripId,   EntryColumn::kIsinCode,
+                              EntryColumn::kIsinName,  EntryColumn::kQuantity};
+  const auto first = static_cast<std::size_t>(filled_) + 1;
+  for (const int col : kColumns) {
+    const std::span<CellValue> cells = grid_.ColumnCells(col).subspan(first, rows.size());
+    for (std::size_t at = 0; at < rows.size(); ++at) {
+      cells[at] = rows[at][static_cast<std::size_t>(col)];
+    }
+  }
+  const std::span<CellValue> serials = grid_.ColumnCells(EntryColumn::kSerial);
+  for (std::size_t at = 0; at < rows.size(); ++at) serials[first + at] = NumberCell(++filled_);
+  fitter_.Fit(EntryColumn::kSerial, NumberCell(filled_));
 }
 
 KnownCode TradeRows::AccountOf(const Gathered& gathered) {
@@ -120,8 +145,9 @@ KnownCode TradeRows::AccountOf(const Gathered& gathered) {
 }
 
 CellValue TradeRows::TradeDate(std::string_view text) {
-  if (tradeDate_ == CellValue::Empty || text != tradeDateText_) {
+  if (tradeDate_ == CellValue::Empty || !SameText(text, tradeDateText_)) {
     tradeDate_ = grid_.Intern(FormatDdMmmYyyy(ToDate(text)));
+    fitter_.Fit(EntryColumn::kTradeDate, tradeDate_);
     tradeDateText_ = std::string(text);
   }
   return tradeDate_;

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -11,6 +12,7 @@
 #include "app/KnownCodes.h"
 #include "app/RowLookups.h"
 #include "core/ColumnFitter.h"
+#include "core/EntryRow.h"
 #include "core/FlexGrid.h"
 #include "core/LineBlocks.h"
 #include "core/RuntimeError.h"
@@ -76,10 +78,13 @@ class TradeRows {
     TextKey clientCode;
     std::uint32_t account = KnownCodes::kUnknown;
   };
+  using Row = std::array<CellValue, EntryColumn::kCount>;
 
   void EndLine();
   void FillGathered();
-  void FillRow(int row, const Gathered& gathered);
+  void FindAccountsOf(std::span<Gathered> lines);
+  void PutTogether(Row& row, const Gathered& gathered);
+  void PutIntoGrid(std::span<const Row> rows);
   KnownCode AccountOf(const Gathered& gathered);
   CellValue TradeDate(std::string_view text);
 
