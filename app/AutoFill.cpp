@@ -7,6 +7,7 @@
 #include "core/ColumnFitter.h"
 #include "core/EntryRow.h"
 #include "core/Settings.h"
+#include "core/ShortText.h"
 
 namespace tallyrun {
 namespace {
@@ -16,64 +17,55 @@ namespace {
 class InternalRefNumbering {
  public:
   explicit InternalRefNumbering(FlexGrid& grid)
-      : grid_(grid), fitter_(grid), prefix_(InternalRefPrefix() + Settings.brokerId) {}
+      : grid_(grid),
+        fitter_(grid),
+        tradeDates_(grid.ColumnCells(EntryColumn::kTradeDate)),
+        boIds_(grid.ColumnCells(EntryColumn::kBoId)),
+        numbers_(grid.ColumnCells(EntryColumn::kInternalRef)),
+        number_(InternalRefPrefix() + Settings.brokerId),
+        dateBegin_(number_.size()) {}
 
   // A row without trade date or BO ID keeps what it has and opens no group.
-  void FillRow(int row) {
-    const auto cells = grid_.RowCells(row);
-    const CellValue boId = cells[EntryColumn::kBoId];
-    const CellValue tradeDate = cells[EntryColumn::kTradeDate];
-    if (tradeDateBlank_.Of(tradeDate) || boIdBlank_.Of(boId)) return;
-    if (row > 1 && boId != grid_.Cell(row - 1, EntryColumn::kBoId)) ++group_;
-    CellValue& number = cells[EntryColumn::kInternalRef];
-    number = NumberFor(tradeDate);
-    fitter_.Fit(EntryColumn::kInternalRef, number);
+  void FillRow(std::size_t row) {
+    if (grid_.IsBlank(tradeDates_[row]) || grid_.IsBlank(boIds_[row])) return;
+    if (row > 1 && boIds_[row] != boIds_[row - 1]) ++group_;
+    // Neighbouring rows mostly share date and group, so the last number is kept.
+    if (group_ != lastGroup_ || tradeDates_[row] != lastTradeDate_) {
+      lastNumber_ = NumberFor(row);
+      fitter_.Fit(EntryColumn::kInternalRef, lastNumber_);
+    }
+    numbers_[row] = lastNumber_;
   }
 
  private:
-  // Whether a cell is blank; the last answer is kept, neighbouring rows mostly being alike.
-  class Blankness {
-   public:
-    explicit Blankness(const FlexGrid& grid) : grid_(grid) {}
-
-    bool Of(CellValue value) {
-      if (value != last_) {
-        CellScratch scratch;
-        isBlank_ = Trim(grid_.View(value, scratch)).empty();
-        last_ = value;
-      }
-      return isBlank_;
+  CellValue NumberFor(std::size_t row) {
+    if (lastGroup_ == 0 || tradeDates_[row] != lastTradeDate_) {
+      CellScratch scratch;
+      number_.resize(dateBegin_);
+      number_ += FormatDdMmYy(ToDate(grid_.View(tradeDates_[row], scratch)));
+      groupBegin_ = number_.size();
     }
-
-   private:
-    const FlexGrid& grid_;
-    CellValue last_ = CellValue::Empty;
-    bool isBlank_ = true;
-  };
-
-  // Neighbouring rows mostly share date and group, so the last number is kept.
-  CellValue NumberFor(CellValue tradeDate) {
-    if (group_ != lastGroup_ || tradeDate != lastTradeDate_) {
-      if (lastGroup_ == 0 || tradeDate != lastTradeDate_) {
-        CellScratch scratch;
-        dateText_ = FormatDdMmYy(ToDate(grid_.View(tradeDate, scratch)));
-      }
-      lastNumber_ = grid_.Intern(prefix_ + dateText_ + std::to_string(group_));
-      lastGroup_ = group_;
-      lastTradeDate_ = tradeDate;
-    }
-    return lastNumber_;
+    lastGroup_ = group_;
+    lastTradeDate_ = tradeDates_[row];
+    number_.resize(groupBegin_);
+    number_ += std::to_string(group_);
+    // A sheet that is filled again mostly has this number already.
+    CellScratch scratch;
+    return SameText(grid_.View(numbers_[row], scratch), number_) ? numbers_[row]
+                                                                 : grid_.Intern(number_);
   }
 
   FlexGrid& grid_;
   ColumnFitter fitter_;
-  Blankness tradeDateBlank_{grid_};
-  Blankness boIdBlank_{grid_};
-  const std::string prefix_;
+  const std::span<const CellValue> tradeDates_;
+  const std::span<const CellValue> boIds_;
+  const std::span<CellValue> numbers_;
+  std::string number_;  // the last one made
+  const std::size_t dateBegin_;
+  std::size_t groupBegin_ = 0;
   int group_ = 1;
   int lastGroup_ = 0;  // none yet
   CellValue lastTradeDate_ = CellValue::Empty;
-  std::string dateText_;
   CellValue lastNumber_ = CellValue::Empty;
 };
 
@@ -93,33 +85,41 @@ void FillAutoFields(FlexGrid& grid, const Date& deliveryDay) {
   const CellValue brokerId = fitted(EntryColumn::kBrokerId, grid.Intern(Settings.brokerId));
   const CellValue clearingBoid =
       fitted(EntryColumn::kClearingBoid, grid.Intern(Settings.clearingBoid));
-  // In a sorted sheet the rows of an account stand together.
-  CellValue clientCode = grid.Cell(1, EntryColumn::kClientCode);
-  CodeAndName account = lookups.AccountOf(clientCode);
-  for (int row = 1; row < grid.Rows(); ++row) {
-    const auto cells = grid.RowCells(row);
-    cells[EntryColumn::kSerial] = fitted(EntryColumn::kSerial, NumberCell(row));
-    cells[EntryColumn::kDeliveryDate] = deliveryDate;
-    cells[EntryColumn::kBrokerId] = brokerId;
-    cells[EntryColumn::kClearingBoid] = clearingBoid;
-    if (row == 1 || cells[EntryColumn::kClientCode] != clientCode) {
-      clientCode = cells[EntryColumn::kClientCode];
-      account = lookups.AccountOf(clientCode);
+  const auto serials = grid.ColumnCells(EntryColumn::kSerial);
+  const auto deliveryDates = grid.ColumnCells(EntryColumn::kDeliveryDate);
+  const auto brokerIds = grid.ColumnCells(EntryColumn::kBrokerId);
+  const auto clearingBoids = grid.ColumnCells(EntryColumn::kClearingBoid);
+  const auto clientCodes = grid.ColumnCells(EntryColumn::kClientCode);
+  const auto boIds = grid.ColumnCells(EntryColumn::kBoId);
+  const auto boNames = grid.ColumnCells(EntryColumn::kBoName);
+  const auto scripIds = grid.ColumnCells(EntryColumn::kScripId);
+  const auto isinCodes = grid.ColumnCells(EntryColumn::kIsinCode);
+  const auto isinNames = grid.ColumnCells(EntryColumn::kIsinName);
+  CodeAndName account;
+  for (std::size_t row = 1; row < serials.size(); ++row) {
+    serials[row] = fitted(EntryColumn::kSerial, NumberCell(static_cast<int>(row)));
+    deliveryDates[row] = deliveryDate;
+    brokerIds[row] = brokerId;
+    clearingBoids[row] = clearingBoid;
+    // In a sorted sheet the rows of an account stand together.
+    if (row == 1 || clientCodes[row] != clientCodes[row - 1]) {
+      account = lookups.AccountOf(clientCodes[row]);
       fitter.Fit(EntryColumn::kBoId, account.code);
       fitter.Fit(EntryColumn::kBoName, account.name);
     }
-    cells[EntryColumn::kBoId] = account.code;
-    cells[EntryColumn::kBoName] = account.name;
-    const CodeAndName security = lookups.SecurityOf(cells[EntryColumn::kScripId]);
-    cells[EntryColumn::kIsinCode] = fitted(EntryColumn::kIsinCode, security.code);
-    cells[EntryColumn::kIsinName] = fitted(EntryColumn::kIsinName, security.name);
+    boIds[row] = account.code;
+    boNames[row] = account.name;
+    const CodeAndName security = lookups.SecurityOf(scripIds[row]);
+    isinCodes[row] = fitted(EntryColumn::kIsinCode, security.code);
+    isinNames[row] = fitted(EntryColumn::kIsinName, security.name);
     numbering.FillRow(row);
   }
 }
 
 void FillInternalRefNos(FlexGrid& grid) {
   InternalRefNumbering numbering(grid);
-  for (int row = 1; row < grid.Rows(); ++row) numbering.FillRow(row);
+  const auto rows = static_cast<std::size_t>(grid.Rows());
+  for (std::size_t row = 1; row < rows; ++row) numbering.FillRow(row);
 }
 
 }  // namespace tallyrun

@@ -41,11 +41,6 @@ void RowLookups::Memo::Keep(CellValue key, const CodeAndName& answer) {
   }
 }
 
-void RowLookups::Memo::Prefetch(CellValue key) const {
-  const std::size_t place = static_cast<std::size_t>(key);
-  if (place < texts_.size()) __builtin_prefetch(&texts_[place]);
-}
-
 RowLookups::RowLookups(FlexGrid& grid) : grid_(grid), answers_(AnswersFor(grid)) {}
 
 RowLookups::Answers& RowLookups::AnswersFor(const FlexGrid& grid) {
@@ -59,38 +54,10 @@ RowLookups::Answers& RowLookups::AnswersFor(const FlexGrid& grid) {
 
 CodeAndName RowLookups::LookUpAccount(CellValue clientCode) {
   CellScratch scratch;
-  const AccountViews account = AccountAt(FindAccount(grid_.View(clientCode, scratch)));
+  const AccountViews account = AccountOfClientCode(grid_.View(clientCode, scratch));
   const CodeAndName answer = {grid_.Intern(account.boId), grid_.Intern(account.boName)};
   answers_.accounts.Keep(clientCode, answer);
   return answer;
-}
-
-// Each loop reads what the one before has fetched.
-void RowLookups::PrepareAccountsOf(std::span<const CellValue> clientCodes) {
-  for (const CellValue clientCode : clientCodes) answers_.accounts.Prefetch(clientCode);
-  sought_.clear();
-  CellScratch scratch;
-  for (const CellValue clientCode : clientCodes) {
-    if (answers_.accounts.At(clientCode).code != kUnknown) continue;
-    sought_.push_back({clientCode, 0, {}, {}, {}});
-    BoList.PrefetchEqualWithoutCr(BoField::kClientCode, grid_.View(clientCode, scratch));
-  }
-  if (sought_.empty()) return;
-  for (Sought& each : sought_) {
-    each.record = FindAccount(grid_.View(each.clientCode, scratch));
-    if (each.record != 0) BoList.PrefetchRecord(each.record);
-  }
-  for (Sought& each : sought_) {
-    each.views = AccountAt(each.record);
-    __builtin_prefetch(each.views.boId.data());
-  }
-  for (Sought& each : sought_) {
-    each.boId = FlexGrid::Interning(grid_, each.views.boId);
-    each.boName = FlexGrid::Interning(grid_, each.views.boName);
-  }
-  for (const Sought& each : sought_) {
-    answers_.accounts.Keep(each.clientCode, {grid_.Intern(each.boId), grid_.Intern(each.boName)});
-  }
 }
 
 CodeAndName RowLookups::LookUpSecurity(CellValue scripId) {

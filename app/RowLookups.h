@@ -3,12 +3,10 @@
 // all rows anew, so the answers outlive the object.
 #pragma once
 
-#include <span>
 #include <unordered_map>
 #include <vector>
 
 #include "core/FlexGrid.h"
-#include "core/Lookups.h"
 
 namespace tallyrun {
 
@@ -27,9 +25,10 @@ class RowLookups {
     const CodeAndName known = answers_.accounts.At(clientCode);
     return known.code != kUnknown ? known : LookUpAccount(clientCode);
   }
-  // Looks up what is unknown of some client codes at once, so that what one look at memory waits
-  // for is fetched for all of them together. Changes no answer.
-  void PrepareAccountsOf(std::span<const CellValue> clientCodes);
+  // Takes the answer for a client code from whoever has found it.
+  void KeepAccount(CellValue clientCode, const CodeAndName& account) {
+    answers_.accounts.Keep(clientCode, account);
+  }
   // ISIN Code and ISIN Name for a scrip ID.
   CodeAndName SecurityOf(CellValue scripId) {
     const CodeAndName known = answers_.securities.At(scripId);
@@ -46,7 +45,6 @@ class RowLookups {
    public:
     CodeAndName At(CellValue key) const;
     void Keep(CellValue key, const CodeAndName& answer);
-    void Prefetch(CellValue key) const;
 
    private:
     static constexpr std::uint32_t kLargeNumber = 1u << 20;
@@ -70,16 +68,6 @@ class RowLookups {
 
   FlexGrid& grid_;
   Answers& answers_;
-
-  // An account on its way from its client code to the sheet.
-  struct Sought {
-    CellValue clientCode;
-    int record;
-    AccountViews views;
-    FlexGrid::Interning boId;
-    FlexGrid::Interning boName;
-  };
-  std::vector<Sought> sought_;
 };
 
 }  // namespace tallyrun

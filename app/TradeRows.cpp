@@ -73,14 +73,14 @@ void TradeRows::FindAccountsOf(std::span<Gathered> lines) {
     each.clientCode = TextKey(each.line.Field(TradeField::kClientCode));
     accounts_.Prefetch(each.clientCode);
   }
-  unknownClientCodes_.clear();
+  unknownAccounts_.clear();
   for (Gathered& each : lines) {
     if (!each.line.Has(TradeField::kClientCode)) continue;
-    each.account = accounts_.Find(each.clientCode);
-    if (each.account != KnownCodes::kUnknown) continue;
-    unknownClientCodes_.push_back(grid_.Intern(each.clientCode.text));
+    each.record = accounts_.Find(each.clientCode);
+    if (each.record == ListedAccounts::kUnlisted || accounts_.IsKnown(each.record)) continue;
+    unknownAccounts_.push_back({each.record, each.clientCode.text});
   }
-  lookups_.PrepareAccountsOf(unknownClientCodes_);
+  accounts_.LookUp(unknownAccounts_);
 }
 
 // Field by field as the sheet takes them: what stands before one that is missing or wrong stays.
@@ -96,10 +96,12 @@ void TradeRows::PutTogether(Row& row, const Gathered& gathered) {
   row[EntryColumn::kQuantity] = quantity;
   fitter_.Fit(EntryColumn::kQuantity, quantity);
   line.Field(TradeField::kClientCode);
-  const KnownCode account = AccountOf(gathered);
-  row[EntryColumn::kClientCode] = account.cell;
-  row[EntryColumn::kBoId] = account.answer.code;
-  row[EntryColumn::kBoName] = account.answer.name;
+  const AccountCells cells = gathered.record == ListedAccounts::kUnlisted
+                                 ? accounts_.TakeUnlisted(gathered.clientCode.text)
+                                 : accounts_.Take(gathered.record);
+  row[EntryColumn::kClientCode] = cells.clientCode;
+  row[EntryColumn::kBoId] = cells.account.code;
+  row[EntryColumn::kBoName] = cells.account.name;
   row[EntryColumn::kTradeDate] = TradeDate(line.Field(TradeField::kTradeDate));
   if (isNew) {
     security.answer = lookups_.SecurityOf(security.cell);
@@ -128,20 +130,6 @@ void TradeRows::PutIntoGrid(std::span<const Row> rows) {
   const std::span<CellValue> serials = grid_.ColumnCells(EntryColumn::kSerial);
   for (std::size_t at = 0; at < rows.size(); ++at) serials[first + at] = NumberCell(++filled_);
   fitter_.Fit(EntryColumn::kSerial, NumberCell(filled_));
-}
-
-KnownCode TradeRows::AccountOf(const Gathered& gathered) {
-  if (gathered.account != KnownCodes::kUnknown) return accounts_.At(gathered.account);
-  // One of the lines gathered with this one may have made it known.
-  const std::uint32_t place = accounts_.Find(gathered.clientCode);
-  if (place != KnownCodes::kUnknown) return accounts_.At(place);
-  const CellValue cell = grid_.Intern(gathered.clientCode.text);
-  const KnownCode account = {cell, lookups_.AccountOf(cell)};
-  fitter_.Fit(EntryColumn::kClientCode, account.cell);
-  fitter_.Fit(EntryColumn::kBoId, account.answer.code);
-  fitter_.Fit(EntryColumn::kBoName, account.answer.name);
-  accounts_.Add(gathered.clientCode, account);
-  return account;
 }
 
 CellValue TradeRows::TradeDate(std::string_view text) {

@@ -10,6 +10,7 @@
 #include <vector>
 
 #include "app/KnownCodes.h"
+#include "app/ListedAccounts.h"
 #include "app/RowLookups.h"
 #include "core/ColumnFitter.h"
 #include "core/EntryRow.h"
@@ -61,7 +62,11 @@ class TradeRows {
  public:
   // `side` must outlive this.
   TradeRows(FlexGrid& grid, std::string_view side)
-      : grid_(grid), lookups_(grid), fitter_(grid), side_(side) {}
+      : grid_(grid),
+        lookups_(grid),
+        fitter_(grid),
+        side_(side),
+        accounts_(grid, lookups_, fitter_) {}
 
   int Filled() const { return filled_; }
 
@@ -76,7 +81,7 @@ class TradeRows {
   struct Gathered {
     TradeLine line;
     TextKey clientCode;
-    std::uint32_t account = KnownCodes::kUnknown;
+    int record = ListedAccounts::kUnlisted;
   };
   using Row = std::array<CellValue, EntryColumn::kCount>;
 
@@ -85,7 +90,6 @@ class TradeRows {
   void FindAccountsOf(std::span<Gathered> lines);
   void PutTogether(Row& row, const Gathered& gathered);
   void PutIntoGrid(std::span<const Row> rows);
-  KnownCode AccountOf(const Gathered& gathered);
   CellValue TradeDate(std::string_view text);
 
   FlexGrid& grid_;
@@ -95,9 +99,9 @@ class TradeRows {
 
   std::array<Gathered, kGathered> lines_;  // those gathered, then the one that is being read
   std::size_t gathered_ = 0;
-  std::vector<CellValue> unknownClientCodes_;
 
-  KnownCodes accounts_;
+  ListedAccounts accounts_;
+  std::vector<ListedAccounts::Unknown> unknownAccounts_;
   KnownCodes securities_;
   // A file mostly holds the trades of one day, so the last date read is kept.
   std::string tradeDateText_;

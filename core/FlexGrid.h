@@ -74,6 +74,11 @@ class FlexGrid {
   std::string_view TextOf(CellValue value) const {
     return pool_.View(static_cast<std::uint32_t>(value));
   }
+  // Whether the text is empty or blanks alone.
+  bool IsBlank(CellValue value) const {
+    if (value == CellValue::Empty) return true;
+    return pool_.AnyBlankText() && !IsNumber(value) && IsBlankText(TextOf(value));
+  }
   // False when no cell's text can have a CR LF in it.
   bool AnyLineEndInTexts() const { return pool_.AnyLineEnd(); }
 

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <string>
 
-#include "core/Conversion.h"
 #include "core/Platform.h"
 
 namespace tallyrun {
@@ -22,9 +21,8 @@ void FitColumnWidth(FlexGrid& grid, int row, int col, int margin) {
 }
 
 bool IsRowBlank(const FlexGrid& grid, int row) {
-  CellScratch scratch;
   for (int col = 1; col < grid.Cols(); ++col) {
-    if (!Trim(grid.View(row, col, scratch)).empty()) return false;
+    if (!grid.IsBlank(grid.Cell(row, col))) return false;
   }
   return true;
 }

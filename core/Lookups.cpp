@@ -38,12 +38,12 @@ std::string LookupBoIdByClientCode(std::string_view clientCode) {
 
 std::string LookupBoName(std::string_view boId) { return std::string(BoNameOf(boId)); }
 
-int FindAccount(std::string_view clientCode) {
-  return BoList.FindEqualWithoutCr(BoField::kClientCode, clientCode);
+AccountViews AccountOfClientCode(std::string_view clientCode) {
+  const int record = BoList.FindEqualWithoutCr(BoField::kClientCode, clientCode);
+  return record == 0 ? AccountViews{"", BoNameOf("")} : AccountAt(record);
 }
 
 AccountViews AccountAt(int record) {
-  if (record == 0) return {"", BoNameOf("")};
   const int named = BoList.FirstEqualTo(record, BoField::kBoId);
   return {BoList.Field(record, BoField::kBoId), BoList.Field(named, BoField::kBoName)};
 }

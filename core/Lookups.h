@@ -16,14 +16,14 @@ std::string LookupBoIdByClientCode(std::string_view clientCode);
 // Exact; kBoNameNotFound when nothing matches.
 std::string LookupBoName(std::string_view boId);
 
-// LookupBoIdByClientCode and what LookupBoName says of its answer, in two steps and without copies,
-// for whoever asks for many accounts: first the record of BoList, or 0, then views into the list,
-// good until it is loaded anew.
+// LookupBoIdByClientCode and what LookupBoName says of its answer, without copies: views into
+// BoList, good until it is loaded anew.
 struct AccountViews {
   std::string_view boId;
   std::string_view boName;
 };
-int FindAccount(std::string_view clientCode);
+AccountViews AccountOfClientCode(std::string_view clientCode);
+// The same for the record of BoList that such a client code leads to.
 AccountViews AccountAt(int record);
 
 // The first ISIN code whose scrip ID contains the text in any letter case; "" when none does.

@@ -1,6 +1,8 @@
 #include "core/RecordIndex.h"
 
 #include <algorithm>
+#include <array>
+#include <span>
 #include <utility>
 
 #include "core/Conversion.h"
@@ -23,17 +25,29 @@ EqualityIndex::EqualityIndex(const FieldColumn& column, CarriageReturns carriage
   texts_.resize(records);
   firstEqual_.resize(records);
   firstRecords_.Reserve(column.size());
-  for (const FieldOfRecord& field : column) {
-    const auto record = static_cast<std::uint32_t>(field.record);
-    std::string_view text = field.text;
-    if (carriageReturns == CarriageReturns::TakenOut && text.find('\r') != std::string_view::npos) {
-      std::erase(changedTexts_.emplace_back(text), '\r');
-      text = changedTexts_.back();
+  // What the table will look at is fetched for some records together.
+  constexpr std::size_t kTogether = 16;
+  std::array<TextKey, kTogether> keys;
+  for (std::span<const FieldOfRecord> rest = column; !rest.empty();) {
+    const auto some = rest.first(std::min(rest.size(), kTogether));
+    rest = rest.subspan(some.size());
+    for (std::size_t at = 0; at < some.size(); ++at) {
+      std::string_view text = some[at].text;
+      if (carriageReturns == CarriageReturns::TakenOut &&
+          text.find('\r') != std::string_view::npos) {
+        std::erase(changedTexts_.emplace_back(text), '\r');
+        text = changedTexts_.back();
+      }
+      texts_[static_cast<std::size_t>(some[at].record)] = text;
+      keys[at] = TextKey(text);
+      Prefetch(keys[at]);
     }
-    texts_[record] = text;
-    const int first = Find(text);
-    if (first == 0) firstRecords_.Add(TextKey(text), record);
-    firstEqual_[record] = first == 0 ? field.record : first;
+    for (std::size_t at = 0; at < some.size(); ++at) {
+      const int record = some[at].record;
+      const int first = Find(keys[at]);
+      if (first == 0) firstRecords_.Add(keys[at], static_cast<std::uint32_t>(record));
+      firstEqual_[static_cast<std::size_t>(record)] = first == 0 ? record : first;
+    }
   }
 }
 

@@ -30,12 +30,13 @@ class EqualityIndex {
   EqualityIndex(const FieldColumn& column, CarriageReturns carriageReturns);
 
   // The first record whose field is `text`, or 0.
-  int Find(std::string_view text) const {
+  int Find(std::string_view text) const { return Find(TextKey(text)); }
+  int Find(const TextKey& text) const {
     return static_cast<int>(
-        firstRecords_.Find(TextKey(text), [this](std::uint32_t record) { return texts_[record]; }));
+        firstRecords_.Find(text, [this](std::uint32_t record) { return texts_[record]; }));
   }
   // Fetches what Find will look at, for a text that is looked for a little later.
-  void Prefetch(std::string_view text) const { firstRecords_.Prefetch(TextKey(text)); }
+  void Prefetch(const TextKey& text) const { firstRecords_.Prefetch(text); }
   // Find for the text that stands in the field of `record`; 0 when that has no such field.
   int FirstEqualTo(int record) const {
     const auto at = static_cast<std::size_t>(record);

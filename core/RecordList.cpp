@@ -1,7 +1,6 @@
 #include "core/RecordList.h"
 
 #include <algorithm>
-#include <limits>
 #include <map>
 #include <utility>
 #include <vector>
@@ -9,6 +8,8 @@
 #include "core/Edition.h"
 #include "core/RecordIndex.h"
 #include "core/RuntimeError.h"
+#include "core/SeparatorScan.h"
+#include "core/TildeTable.h"
 #include "core/modFileIO.h"
 
 namespace tallyrun {
@@ -24,51 +25,82 @@ Index& IndexOf(std::map<int, Index>& indexes, int field, Make make) {
 
 }  // namespace
 
-// The file's text is kept once; a field is a place in it. Fields stand record after record, so
-// that a list costs three allocations, however long it is.
+// The file's text is kept once; a field is a place in it. Every record has room for all fields, so
+// that a record is found without a look elsewhere, and a list costs two allocations, however long.
 struct RecordList::State {
   struct Place {
     std::uint32_t begin;
     std::uint32_t length;
   };
+  static constexpr std::uint32_t kAbsent =
+      UINT32_MAX;  // length of what a record of one field lacks
 
   const std::uint64_t edition = NewEdition();
   std::string text;
+  std::size_t fields = 1;  // of a whole record
   std::vector<Place> places;
-  std::vector<std::uint32_t> firstPlaces = {0};  // of every record, and the end of the last
+  std::size_t count = 0;
 
   // Of the fields searched so far; a list does not change once it is read.
   std::map<int, EqualityIndex> equal;
   std::map<int, EqualityIndex> equalWithoutCr;
   std::map<int, ContainingIndex> containing;
 
-  std::size_t Count() const { return firstPlaces.size() - 1; }
-
-  void Append(std::string_view line, std::size_t fields);
-  void RepairLast(std::size_t fields);
+  void ReadText();
+  void EndRecord(std::size_t pieces);
+  void RepairLast();
+  const Place* PlaceOf(std::size_t record, int field) const;
+  std::string_view TextAt(const Place& place) const {
+    return std::string_view(text).substr(place.begin, place.length);
+  }
   FieldColumn Column(int field) const;
   const EqualityIndex& Equal(int field);
-  const EqualityIndex& EqualWithoutCr(int field);
 };
 
-void RecordList::State::Append(std::string_view line, std::size_t fields) {
-  const std::size_t wanted = line.find(kCellSeparator) == std::string_view::npos ? 1 : fields;
-  for (std::size_t field = 1; field <= wanted; ++field) {
-    const std::size_t length = std::min(line.find(kCellSeparator), line.size());
-    places.push_back({static_cast<std::uint32_t>(line.data() - text.data()),
-                      static_cast<std::uint32_t>(length)});
-    if (field == wanted) break;
-    if (length == line.size()) {
-      places.resize(firstPlaces.back());
-      throw RuntimeError(ErrorKind::SubscriptOutOfRange);
+void RecordList::State::ReadText() {
+  if (text.empty()) return;
+  places.reserve((CountLineEnds(text) + 1) * fields);
+  std::size_t begin = 0;
+  std::size_t pieces = 0;
+  const auto endPiece = [&](std::size_t end) {
+    if (pieces < fields) {
+      places.push_back(
+          {static_cast<std::uint32_t>(begin), static_cast<std::uint32_t>(end - begin)});
     }
-    line.remove_prefix(length + 1);
-  }
-  firstPlaces.push_back(static_cast<std::uint32_t>(places.size()));
+    ++pieces;
+    begin = end + 1;
+  };
+  ForEachSeparator(text, kCellMark, '\n', [&](std::size_t place) {
+    if (text[place] == kCellMark) return endPiece(place);
+    if (place == 0 || text[place - 1] != '\r') return;
+    endPiece(place - 1);
+    EndRecord(pieces);
+    begin = place + 1;
+    pieces = 0;
+  });
+  endPiece(text.size());
+  EndRecord(pieces);
 }
 
-void RecordList::State::RepairLast(std::size_t fields) {
-  if (Count() == 0 || places.size() - firstPlaces[Count() - 1] < fields) {
+void RecordList::State::EndRecord(std::size_t pieces) {
+  if (pieces > 1 && pieces < fields) {
+    places.resize(count * fields);
+    throw RuntimeError(ErrorKind::SubscriptOutOfRange);
+  }
+  ++count;
+  places.resize(count * fields, {0, kAbsent});
+}
+
+// The place of the field, null when the record or its field does not exist.
+const RecordList::State::Place* RecordList::State::PlaceOf(std::size_t record, int field) const {
+  const auto at = static_cast<std::size_t>(field) - 1;
+  if (record < 1 || record > count || at >= fields) return nullptr;
+  const Place& place = places[(record - 1) * fields + at];
+  return place.length == kAbsent ? nullptr : &place;
+}
+
+void RecordList::State::RepairLast() {
+  if (PlaceOf(count, static_cast<int>(fields)) == nullptr) {
     throw RuntimeError(ErrorKind::SubscriptOutOfRange);
   }
   Place& last = places.back();
@@ -78,11 +110,10 @@ void RecordList::State::RepairLast(std::size_t fields) {
 
 FieldColumn RecordList::State::Column(int field) const {
   FieldColumn column;
-  for (std::size_t record = 0; record < Count(); ++record) {
-    const std::size_t place = firstPlaces[record] + static_cast<std::size_t>(field) - 1;
-    if (field < 1 || place >= firstPlaces[record + 1]) continue;
-    column.push_back({static_cast<int>(record) + 1,
-                      std::string_view(text).substr(places[place].begin, places[place].length)});
+  column.reserve(count);
+  for (std::size_t record = 1; record <= count; ++record) {
+    const Place* const place = PlaceOf(record, field);
+    if (place != nullptr) column.push_back({static_cast<int>(record), TextAt(*place)});
   }
   return column;
 }
@@ -93,34 +124,30 @@ RecordList::RecordList(RecordList&&) noexcept = default;
 RecordList& RecordList::operator=(RecordList&&) noexcept = default;
 
 void RecordList::Read(RecordList& list, std::string text, int fields, bool repairLast) {
-  if (text.size() > std::numeric_limits<std::uint32_t>::max()) {
-    throw RuntimeError(ErrorKind::OutOfMemory);
-  }
+  if (text.size() >= State::kAbsent) throw RuntimeError(ErrorKind::OutOfMemory);
   list = RecordList();
   State& state = *list.state_;
   state.text = std::move(text);
-  for (const std::string_view line : Split(state.text, kLineEnd)) {
-    state.Append(line, static_cast<std::size_t>(fields));
-  }
-  if (repairLast) state.RepairLast(static_cast<std::size_t>(fields));
+  state.fields = static_cast<std::size_t>(fields);
+  state.ReadText();
+  if (repairLast) state.RepairLast();
 }
 
 std::uint64_t RecordList::Edition() const { return state_->edition; }
 
-int RecordList::Count() const { return static_cast<int>(state_->Count()); }
+int RecordList::Count() const { return static_cast<int>(state_->count); }
 
 int RecordList::FieldCount(int record) const {
-  if (record < 1 || record > Count()) throw RuntimeError(ErrorKind::SubscriptOutOfRange);
   const auto at = static_cast<std::size_t>(record);
-  return static_cast<int>(state_->firstPlaces[at] - state_->firstPlaces[at - 1]);
+  if (state_->PlaceOf(at, 1) == nullptr) throw RuntimeError(ErrorKind::SubscriptOutOfRange);
+  const auto fields = static_cast<int>(state_->fields);
+  return state_->PlaceOf(at, fields) == nullptr ? 1 : fields;
 }
 
 std::string_view RecordList::Field(int record, int field) const {
-  if (field < 1 || field > FieldCount(record)) throw RuntimeError(ErrorKind::SubscriptOutOfRange);
-  const State::Place& place =
-      state_->places[state_->firstPlaces[static_cast<std::size_t>(record) - 1] +
-                     static_cast<std::size_t>(field) - 1];
-  return std::string_view(state_->text).substr(place.begin, place.length);
+  const State::Place* const place = state_->PlaceOf(static_cast<std::size_t>(record), field);
+  if (place == nullptr) throw RuntimeError(ErrorKind::SubscriptOutOfRange);
+  return state_->TextAt(*place);
 }
 
 const EqualityIndex& RecordList::State::Equal(int field) {
@@ -137,22 +164,18 @@ int RecordList::FirstEqualTo(int record, int field) const {
   return state_->Equal(field).FirstEqualTo(record);
 }
 
-const EqualityIndex& RecordList::State::EqualWithoutCr(int field) {
-  return IndexOf(equalWithoutCr, field, [&] {
-    return EqualityIndex(Column(field), EqualityIndex::CarriageReturns::TakenOut);
+const EqualityIndex& RecordList::IndexWithoutCr(int field) const {
+  return IndexOf(state_->equalWithoutCr, field, [&] {
+    return EqualityIndex(state_->Column(field), EqualityIndex::CarriageReturns::TakenOut);
   });
 }
 
 int RecordList::FindEqualWithoutCr(int field, std::string_view text) const {
-  return state_->EqualWithoutCr(field).Find(text);
-}
-
-void RecordList::PrefetchEqualWithoutCr(int field, std::string_view text) const {
-  state_->EqualWithoutCr(field).Prefetch(text);
+  return IndexWithoutCr(field).Find(text);
 }
 
 void RecordList::PrefetchRecord(int record) const {
-  __builtin_prefetch(&state_->places[state_->firstPlaces[static_cast<std::size_t>(record) - 1]]);
+  __builtin_prefetch(&state_->places[(static_cast<std::size_t>(record) - 1) * state_->fields]);
 }
 
 int RecordList::FindContaining(int field, std::string_view text) const {

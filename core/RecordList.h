@@ -12,6 +12,8 @@
 
 namespace tallyrun {
 
+class EqualityIndex;
+
 class RecordList {
  public:
   RecordList();
@@ -40,9 +42,10 @@ class RecordList {
   int FindEqualWithoutCr(int field, std::string_view text) const;
   // FindEqual for what stands in the field of `record`; 0 when that has no such field.
   int FirstEqualTo(int record, int field) const;
-  // Fetch what FindEqualWithoutCr and Field will look at, for a text or a record that is asked a
-  // little later.
-  void PrefetchEqualWithoutCr(int field, std::string_view text) const;
+  // The index behind FindEqualWithoutCr, for whoever asks it often; good until the list is read
+  // anew or moved from.
+  const EqualityIndex& IndexWithoutCr(int field) const;
+  // Fetches what Field will look at, for a record that is asked a little later.
   void PrefetchRecord(int record) const;
   // The first record whose field contains `text` in any letter case, or 0. An empty text is
   // contained in every field.

@@ -46,6 +46,7 @@ TextPool::Id TextPool::Add(const TextKey& key) {
   const auto id = static_cast<Id>(entries_.size());
   entries_.push_back({Store(text), static_cast<std::uint32_t>(text.size())});
   PutIntoFreeSlot(id, key.hash);
+  anyBlankText_ = anyBlankText_ || IsBlankText(text);
   anyLineEnd_ = anyLineEnd_ || text.find("\r\n") != std::string_view::npos;
   return id;
 }

@@ -13,6 +13,11 @@
 
 namespace tallyrun {
 
+// Blanks alone, or nothing.
+inline bool IsBlankText(std::string_view text) {
+  return text.find_first_not_of(' ') == std::string_view::npos;
+}
+
 class TextPool {
  public:
   using Id = std::uint32_t;
@@ -40,6 +45,8 @@ class TextPool {
   std::string_view View(Id id) const { return {entries_[id].text, entries_[id].length}; }
   // True when a text with a CR LF in it was ever stored.
   bool AnyLineEnd() const { return anyLineEnd_; }
+  // True when a text of blanks alone was ever stored.
+  bool AnyBlankText() const { return anyBlankText_; }
   std::uint64_t Edition() const { return edition_; }
   // Texts stored, the empty one included.
   std::size_t Size() const { return entries_.size(); }
@@ -72,6 +79,7 @@ class TextPool {
   char* free_ = nullptr;
   std::size_t freeBytes_ = 0;
   bool anyLineEnd_ = false;
+  bool anyBlankText_ = false;
 };
 
 }  // namespace tallyrun
