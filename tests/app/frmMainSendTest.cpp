@@ -20,19 +20,10 @@ constexpr char kStored[] = "226 Transfer complete.";
 constexpr char kEntryFile[] = "05-Jan-2010_PI_123456.txt";
 constexpr char kArchived[] = "05-Jan-2010_PI_123456_06-Jan-10_04-12-55PM.txt";
 
-class ProcessStub : public Process {
- public:
-  explicit ProcessStub(std::optional<unsigned long> exitCode) : exitCode_(exitCode) {}
-  std::optional<unsigned long> ExitCode() override { return exitCode_; }
-
- private:
-  std::optional<unsigned long> exitCode_;
-};
-
 class frmMainSendTest : public MainWindowFixture {
  protected:
   frmMainSendTest() {
-    PickDay(kDtpPayInOrPayOut, {2010, 1, 5});
+    PickDay(On<DatePicker>(kDtpPayInOrPayOut), {2010, 1, 5});
     FillSheet();
     holdingFile = folder.Write("11DPA6UX.TXT",
                                "Report for BROKER :\r\n\r\n\r\n\r\n\r\n\r\n\r\n\r\n"
@@ -48,7 +39,7 @@ class frmMainSendTest : public MainWindowFixture {
         if (!outputs.empty()) folder.Write("out.txt", outputs.front());
         if (!outputs.empty()) outputs.pop_front();
       }
-      return std::make_unique<ProcessStub>(exitCode);
+      return nullptr;
     };
   }
 
@@ -78,7 +69,6 @@ class frmMainSendTest : public MainWindowFixture {
 
   std::string holdingFile;
   std::deque<std::string> outputs;  // of the client, transfer after transfer
-  std::optional<unsigned long> exitCode = 0;
   std::function<void()> onTransfer;
   std::vector<std::string> captions;  // at every box and every transfer
 };
@@ -124,27 +114,11 @@ TEST_F(frmMainSendTest, EveryStopPutsCaptionAndPointerBack) {
   }
 }
 
-TEST_F(frmMainSendTest, AFileThatIsThereAlreadyIsShownInstead) {
-  folder.Write(kEntryFile, "sent before");
-  Send({kStored});
-  EXPECT_EQ(platform.messages.back(),
-            (Message{"File already sent. Your sent file will be shown now.", "Tallyrun",
-                     MessageIcon::Critical}));
-  EXPECT_EQ(platform.started.back().commandLine, "notepad \"" + folder.Path() + kEntryFile + "\"");
-  ExpectIdle();
-}
-
-TEST_F(frmMainSendTest, FailuresAreToldAndEveryAttemptIsArchived) {
-  Send({kNotThere, "226 transfer complete."});  // other letter case does not count
-  EXPECT_EQ(platform.messages.back().title, "Send failed");
-  EXPECT_EQ(captions.back(), kIdle + "...Records were not sent to KTX.");
-  EXPECT_TRUE(FileExists(folder.Path() + "Sent\\" + kArchived));
-  ExpectIdle();
-
+TEST_F(frmMainSendTest, AnErrorInTheUploadLeavesItsProgressOnScreenAndOneBeforeDoesNot) {
   Send();  // the client wrote nothing at all
   EXPECT_EQ(platform.messages.back(), Message{"File not found"});
   ExpectIdle();
-  Send({kNotThere});  // nothing in the upload, whose error leaves its progress on screen
+  Send({kNotThere});
   EXPECT_EQ(platform.messages.back(), Message{"File not found"});
   EXPECT_EQ(window.Caption(), kSending);
   EXPECT_TRUE(IsHourglass());
@@ -167,20 +141,6 @@ TEST_F(frmMainSendTest, WhatTheClerkDoesMeanwhileDoesNotSpoilTheEnding) {
   // What was checked was sent, though the sheet has been cleared since.
   EXPECT_NE(ReadWholeFile(folder.Path() + kEntryFile).find("~100~I1234560301101"),
             std::string::npos);
-}
-
-TEST_F(frmMainSendTest, ClosingTheWindowMeanwhileEndsTheProgramQuietly) {
-  exitCode.reset();  // the client never ends
-  bool closed = false;
-  platform.onPendingEvents = [&] {
-    if (!closed) PostMessageA(window.Handle(), WM_CLOSE, 0, 0);
-    closed = true;
-    PumpMessages();
-  };
-  Send();
-  EXPECT_EQ(platform.messages.size(), 1u);  // the question alone
-  RunMessageLoop();
-  EXPECT_FALSE(window.IsLoaded());
 }
 
 }  // namespace

@@ -14,7 +14,7 @@ using namespace frmMainIds;
 using ::testing::ElementsAre;
 using ::testing::StartsWith;
 
-class frmMainTest : public MainWindowFixture {};
+using frmMainTest = MainWindowFixture;
 
 const Message kLoseRows = {"Unsaved data will be lost.\r\nAre you sure to continue?",
                            "Confirm Loading", MessageIcon::Question, MessageButtons::YesNo};
@@ -30,11 +30,10 @@ TEST_F(frmMainTest, TheModeShowsInEverythingThatDependsOnIt) {
     const std::string name = payOut ? "Pay Out" : "Pay In";
     EXPECT_EQ(EntryMode, payOut ? kPayOut : kPayIn);
     EXPECT_EQ(window.Caption(), "Tallyrun v1.0 : " + name);
-    EXPECT_THAT(Control::FromHandle(Item(kFlxEntries))->ToolTip(),
-                StartsWith(name + " entries. Press INSERT key"));
-    EXPECT_EQ(TopOf(kDtpPayInOrPayOut), TopOf(payOut ? kOptPayOut : kOptPayIn));
-    EXPECT_EQ(TextOf(kBtnLoadFromBTFile), payOut ? "Load Payout" : "Load Payin");
-    EXPECT_EQ(Enabled(kBtnCheck), !payOut);
+    EXPECT_THAT(On(kFlxEntries).ToolTip(), StartsWith(name + " entries. Press INSERT key"));
+    EXPECT_EQ(On(kDtpPayInOrPayOut).Bounds().y, On(payOut ? kOptPayOut : kOptPayIn).Bounds().y);
+    EXPECT_EQ(On(kBtnLoadFromBTFile).Text(), payOut ? "Load Payout" : "Load Payin");
+    EXPECT_EQ(On(kBtnCheck).Enabled(), !payOut);
   }
   EXPECT_TRUE(platform.messages.empty());  // an empty sheet switches without a question
 }
@@ -45,8 +44,8 @@ TEST_F(frmMainTest, ADeclinedSwitchKeepsEverythingAndSkipsOneLoad) {
   Click(kOptPayOut);
   EXPECT_EQ(platform.TakeMessage(), kLoseRows);
   EXPECT_EQ(EntryMode, kPayIn);
-  EXPECT_EQ(GetFocus(), Item(kOptPayIn));
-  EXPECT_EQ(SendMessageA(Item(kOptPayIn), BM_GETCHECK, 0, 0), BST_CHECKED);
+  EXPECT_TRUE(On(kOptPayIn).HasFocus());
+  EXPECT_TRUE(On<OptionButton>(kOptPayIn).Value());
 
   platform.files = {path, path};
   Click(kBtnLoadFromBTFile);
@@ -68,17 +67,18 @@ TEST_F(frmMainTest, InsertAndDeleteActOncePerReleaseWhereverTheFocusIs) {
                        kDtpPayInOrPayOut, kBtnExit}) {
     SCOPED_TRACE(id);
     FillRows(Sheet(), {"1|x"});
-    SetFocus(Item(id));
-    Release(id, VK_INSERT);
+    On(id).SetFocus();
+    PressKey(VK_INSERT);
     EXPECT_EQ(Sheet().Rows(), 3);
     EXPECT_EQ(Sheet().Col(), EntryColumn::kTradeDate);
-    EXPECT_EQ(Shown(kDtpDate), id != kBtnExit);
-    if (id != kBtnExit) Type(kDtpDate, 27);
-    EXPECT_FALSE(Shown(kDtpDate));
+    EXPECT_EQ(On(kDtpDate).Visible(), id != kBtnExit);
+    if (id != kBtnExit) PressKey(VK_ESCAPE);
+    EXPECT_FALSE(On(kDtpDate).Visible());
 
     Sheet().SetRow(2);
     platform.answers = {MessageAnswer::Yes};
-    Release(id, VK_DELETE);
+    On(id).SetFocus();
+    PressKey(VK_DELETE);
     const bool editsText = id == kTxtSearch || id == kDtpPayInOrPayOut;
     EXPECT_EQ(platform.messages.size(), editsText ? 0u : 1u);
     EXPECT_EQ(Sheet().Rows(), editsText ? 3 : 2);
@@ -90,32 +90,31 @@ TEST_F(frmMainTest, TheEditorCoversItsCellCompletesAndComesBackToTheGrid) {
   FillRows(Sheet(), {"1", "2"});
   EditText(1, EntryColumn::kBoId, "2");
   EXPECT_EQ(Sheet().Text(1, EntryColumn::kBoName), "BEN BIRCH");
-  EXPECT_FALSE(Shown(kTxtEditor));
-  EXPECT_EQ(GetFocus(), Item(kFlxEntries));
+  EXPECT_FALSE(On(kTxtEditor).Visible());
+  EXPECT_TRUE(On(kFlxEntries).HasFocus());
 
   Edit(2, EntryColumn::kBoId);
-  auto* const flxEntries = static_cast<FlexGridControl*>(Control::FromHandle(Item(kFlxEntries)));
-  EXPECT_EQ(Control::FromHandle(Item(kTxtEditor))->Bounds(),
-            flxEntries->CellBoundsInParent(2, EntryColumn::kBoId));
-  EXPECT_EQ(TextOf(kTxtEditor), "1201950000000002");  // offered from the row above
-  EXPECT_EQ(SendMessageA(Item(kTxtEditor), EM_GETSEL, 0, 0), MAKELONG(0, 16));
-  Type(kTxtEditor, 27);
+  EXPECT_EQ(On(kTxtEditor).Bounds(),
+            On<FlexGridControl>(kFlxEntries).CellBoundsInParent(2, EntryColumn::kBoId));
+  EXPECT_EQ(On(kTxtEditor).Text(), "1201950000000002");  // offered from the row above
+  EXPECT_EQ(SendMessageA(On(kTxtEditor).Handle(), EM_GETSEL, 0, 0), MAKELONG(0, 16));
+  PressKey(VK_ESCAPE);
   EXPECT_EQ(Sheet().Text(2, EntryColumn::kBoId), "");
-  EXPECT_EQ(GetFocus(), Item(kFlxEntries));
+  EXPECT_TRUE(On(kFlxEntries).HasFocus());
 
-  platform.onMessage = [&](const Message&) { EXPECT_TRUE(Shown(kTxtEditor)); };
+  platform.onMessage = [&](const Message&) { EXPECT_TRUE(On(kTxtEditor).Visible()); };
   EditText(2, EntryColumn::kBoId, "12345678901234567");
   EXPECT_EQ(platform.TakeMessage().text, "BOID length can not be greater than 16.");
-  EXPECT_TRUE(Shown(kTxtEditor));
-  EXPECT_EQ(TextOf(kTxtEditor), "12345678901234567");
+  EXPECT_TRUE(On(kTxtEditor).Visible());
+  EXPECT_EQ(On(kTxtEditor).Text(), "12345678901234567");
 }
 
 TEST_F(frmMainTest, WhatTakesTheFocusOrMovesTheCellDropsTheEdit) {
   int width = 1200;
   const std::vector<std::pair<const char*, std::function<void()>>> ways = {
-      {"another control", [&] { SetFocus(Item(kBtnSave)); }},
-      {"the grid", [&] { SetFocus(Item(kFlxEntries)); }},
-      {"scrolling", [&] { SendMessageA(Item(kFlxEntries), WM_VSCROLL, SB_PAGEDOWN, 0); }},
+      {"another control", [&] { On(kBtnSave).SetFocus(); }},
+      {"the grid", [&] { On(kFlxEntries).SetFocus(); }},
+      {"scrolling", [&] { SendMessageA(On(kFlxEntries).Handle(), WM_VSCROLL, SB_PAGEDOWN, 0); }},
       {"resizing",
        [&] {
          SetWindowPos(window.Handle(), nullptr, 0, 0, width -= 20, 500, SWP_NOMOVE | SWP_NOZORDER);
@@ -127,11 +126,11 @@ TEST_F(frmMainTest, WhatTakesTheFocusOrMovesTheCellDropsTheEdit) {
     for (const int col : {EntryColumn::kScripId, EntryColumn::kTradeDate}) {
       Sheet().SetTopRow(1);
       Edit(1, col);
-      ASSERT_TRUE(Shown(kTxtEditor) || Shown(kDtpDate));
-      SetWindowTextA(Item(kTxtEditor), "typed");
+      ASSERT_TRUE(On(kTxtEditor).Visible() || On(kDtpDate).Visible());
+      On(kTxtEditor).SetText("typed");
       drop();
       Pump();
-      EXPECT_FALSE(Shown(kTxtEditor) || Shown(kDtpDate));
+      EXPECT_FALSE(On(kTxtEditor).Visible() || On(kDtpDate).Visible());
       EXPECT_EQ(Sheet().Text(1, col), "");
     }
   }
@@ -145,45 +144,13 @@ TEST_F(frmMainTest, ThePickerStartsWithTheCellAboveAndWritesEveryChange) {
   FillRows(Sheet(), {EntryCells({{EntryColumn::kTradeDate, "03-Jan-2010"}}), "2"});
   Edit(2, EntryColumn::kTradeDate);
   EXPECT_EQ(Sheet().Text(2, EntryColumn::kTradeDate), "");
-  PickDay(kDtpDate, {2010, 3, 9});
+  PickDay(On<DatePicker>(kDtpDate), {2010, 3, 9});
   EXPECT_EQ(Sheet().Text(2, EntryColumn::kTradeDate), "09-Mar-2010");
-  EXPECT_TRUE(Shown(kDtpDate));
+  EXPECT_TRUE(On(kDtpDate).Visible());
   Edit(1, EntryColumn::kTradeDate);
-  Type(kDtpDate, '\r');
+  PressKey(VK_RETURN);
   EXPECT_EQ(Sheet().Text(1, EntryColumn::kTradeDate), "03-Jan-2010");
-  EXPECT_EQ(GetFocus(), Item(kFlxEntries));
-}
-
-TEST_F(frmMainTest, ADayFromTradeFileToSavedFileAndBack) {
-  platform.files = {folder.Write("payin_05-01-2010.txt", kTrades)};
-  Click(kBtnLoadFromBTFile);
-  EXPECT_THAT(ColumnOf(Sheet(), EntryColumn::kQuantity), ElementsAre("50", "25", "100"));
-  Click(kBtnAutoFields);
-  platform.answers = {MessageAnswer::Yes, MessageAnswer::Yes, MessageAnswer::Yes};
-  Click(kBtnSummarize);
-  std::vector<std::string> rows = {
-      "1|123456|1201950000009999|03-Jan-2010|05-Jan-2010|C1|1201950000000001|ANN ALDER|ALPHAM|"
-      "KX0001000011|ALPHA MILLS LTD|75|I1234560301101",
-      "2|123456|1201950000009999|03-Jan-2010|05-Jan-2010|C2|1201950000000002|BEN BIRCH|BRAVOB|"
-      "KX0002000029|BRAVO BANK LTD|100|I1234560301102"};
-  EXPECT_EQ(RowsOf(Sheet()), rows);
-  Click(kBtnSave);
-  FillRows(Sheet(), {"1|lost"});
-  Click(kBtnReload);
-  rows.back() += "\r";  // the file's closing carriage return
-  EXPECT_EQ(RowsOf(Sheet()), rows);
-  const auto question = [](const char* text, const char* title) {
-    return Message{text, title, MessageIcon::Question, MessageButtons::YesNo};
-  };
-  EXPECT_THAT(
-      platform.messages,
-      ElementsAre(
-          question("Are you sure to summarize individual BOs ISIN quantities?",
-                   "Confirm Summarize"),
-          question("Are you sure to save the Pay In file of 05-Jan-2010 ?", "Save Confirmation"),
-          Message{"Pay In file of 05-Jan-2010 saved successfully.", "File Saved.",
-                  MessageIcon::Information},
-          question("Are you sure to load the Pay In file of 05-Jan-2010 ?", "Load Confirmation")));
+  EXPECT_TRUE(On(kFlxEntries).HasFocus());
 }
 
 TEST_F(frmMainTest, BadFilesGetTheirMessageAndTheRowsStay) {
@@ -202,8 +169,8 @@ TEST_F(frmMainTest, BadFilesGetTheirMessageAndTheRowsStay) {
 
 TEST_F(frmMainTest, SearchGoesToTheFoundRow) {
   FillRows(Sheet(), {EntryCells({{EntryColumn::kBoName, "ABC LTD"}}), "2", "3"});
-  SendMessageA(Item(kCmbSearch), CB_SETCURSEL, 2, 0);
-  SetWindowTextA(Item(kTxtSearch), " abc ");
+  On<ComboBox>(kCmbSearch).SetListIndex(2);
+  On(kTxtSearch).SetText(" abc ");
   Sheet().SetRow(3);
   Click(kBtnSearch);
   EXPECT_EQ(Sheet().Row(), 1);

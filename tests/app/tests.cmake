@@ -9,7 +9,6 @@ list(APPEND portable_tests
   app/TradeFileTest.cpp
 )
 list(APPEND windows_tests
-  support/MainWindowFixture.cpp
   app/LargeSheetTest.cpp
   app/frmMainSendTest.cpp
   app/frmMainTest.cpp

@@ -60,7 +60,7 @@ TEST(EntrySheetTest, TakesTradesToTheSavedFileAndBack) {
   MainWindow(clerk).Click(kOptPayIn);
   ASSERT_TRUE(Holds([&] { return MainWindow(clerk).Caption() == "Tallyrun v1.0 : Pay In"; }));
 
-  Reload(clerk);
+  Reload(clerk, "Pay In", "06-Jan-2010");
   constexpr int kQuantity = 11;
   EditFirstRow(clerk, kQuantity, "1,500");
   Save(clerk, "Pay In", "06-Jan-2010");

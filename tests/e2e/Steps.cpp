@@ -31,9 +31,10 @@ void Save(ClerkDriver& clerk, const std::string& mode, const std::string& date) 
   EXPECT_EQ(clerk.Answer("OK"), Notice("File Saved.", file + " saved successfully."));
 }
 
-void Reload(ClerkDriver& clerk) {
+void Reload(ClerkDriver& clerk, const std::string& mode, const std::string& date) {
   MainWindow(clerk).Click(kBtnReload);
-  EXPECT_EQ(clerk.Answer("Yes").title, "Load Confirmation");
+  EXPECT_EQ(clerk.Answer("Yes"), Question("Load Confirmation", "Are you sure to load the " + mode +
+                                                                   " file of " + date + " ?"));
 }
 
 void EditFirstRow(ClerkDriver& clerk, int column, const std::string& text) {

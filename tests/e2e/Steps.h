@@ -16,7 +16,7 @@ void Import(ClerkDriver& clerk, const std::string& path);
 void Summarize(ClerkDriver& clerk);
 // Saves the sheet and goes through both boxes, which must name the mode and the date.
 void Save(ClerkDriver& clerk, const std::string& mode, const std::string& date);
-void Reload(ClerkDriver& clerk);
+void Reload(ClerkDriver& clerk, const std::string& mode, const std::string& date);
 // Makes the cell in this column of the first row current, opens its editor, types and confirms.
 void EditFirstRow(ClerkDriver& clerk, int column, const std::string& text);
 // Leaves by the Exit button; the program must end well.

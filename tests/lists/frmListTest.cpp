@@ -1,7 +1,5 @@
 // The list window under real messages: its two lists, the editor in the grid, the keys of each
 // control, the backup frame, and what may happen while a transfer runs.
-#include <algorithm>
-
 #include "lists/frmList.h"
 #include "tests/support/FormDriver.h"
 #include "tests/support/GridText.h"
@@ -28,12 +26,12 @@ struct frmListTest : ProgramFixture {
     Pump();
   }
 
-  Control& On(int id) {
-    const auto& all = form.Controls();
-    return **std::find_if(all.begin(), all.end(), [id](Control* each) { return each->Id() == id; });
+  template <class C = Control>
+  C& On(int id) {
+    return ControlOf<C>(form, id);
   }
-  FlexGrid& Grid() { return static_cast<FlexGridControl&>(On(ids::kFlxList)).Grid(); }
-  ListBox& Backups() { return static_cast<ListBox&>(On(ids::kLstBackups)); }
+  FlexGrid& Grid() { return On<FlexGridControl>(ids::kFlxList).Grid(); }
+  ListBox& Backups() { return On<ListBox>(ids::kLstBackups); }
   Control& Editor() { return On(ids::kTxtEditor); }
 
   void Click(int id) { ClickOn(On(id)); }
@@ -68,7 +66,7 @@ TEST_F(frmListTest, EnterKeepsWhatTheEditorHoldsAndCompletesBoIdsAlone) {
       {1, 1, "a text longer than any BOID", "a text longer than any BOID"},
   };
   for (const auto& each : cases) {
-    static_cast<ComboBox&>(On(ids::kCmbListOf)).SetListIndex(each.list);
+    On<ComboBox>(ids::kCmbListOf).SetListIndex(each.list);
     Enter(1, each.col, each.typed);
     EXPECT_EQ(Grid().Text(1, each.col), each.kept) << each.typed;
     EXPECT_TRUE(On(ids::kFlxList).HasFocus());

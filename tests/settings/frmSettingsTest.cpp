@@ -50,14 +50,11 @@ TEST_F(frmSettingsTest, BrowseTakesTheFolderAndCancelKeepsTheTypedOne) {
 
 TEST_F(frmSettingsTest, OpensAtStartUpWithNoOwnerAndReturnsWhenClosed) {
   form.Unload();
-  // Posted ahead of the dialog's own loop, to the thread, as no window exists yet.
-  const auto closeWhenShown = [](HWND, UINT, UINT_PTR timer, DWORD) {
+  const Meanwhile closeIt([] {
     const HWND dialog = FindWindowA(frmSettingsIds::kWindowClass, nullptr);
-    if (dialog == nullptr || !IsWindowVisible(dialog)) return;
-    KillTimer(nullptr, timer);
-    PostMessageA(dialog, WM_CLOSE, 0, 0);
-  };
-  SetTimer(nullptr, 0, USER_TIMER_MINIMUM, closeWhenShown);
+    if (dialog == nullptr || !IsWindowVisible(dialog)) return false;
+    return PostMessageA(dialog, WM_CLOSE, 0, 0) != FALSE;
+  });
   OpenSettingsDialog();
   EXPECT_EQ(FindWindowA(frmSettingsIds::kWindowClass, nullptr), nullptr);
 }

@@ -19,6 +19,8 @@ LPARAM KeyParameter(int virtualKey, bool released) {
   return static_cast<LPARAM>(1 | scanCode << 16) | (released ? kReleased : 0);
 }
 
+Meanwhile* current = nullptr;
+
 }  // namespace
 
 void Pump() {
@@ -37,6 +39,20 @@ bool PumpUntil(const std::function<bool()>& condition) {
     if (std::chrono::steady_clock::now() > end) return false;
     MsgWaitForMultipleObjects(0, nullptr, FALSE, kPollMilliseconds, QS_ALLINPUT);
   }
+}
+
+Meanwhile::Meanwhile(std::function<bool()> step)
+    : step_(std::move(step)), timer_(SetTimer(nullptr, 0, kPollMilliseconds, Try)) {
+  current = this;
+}
+
+Meanwhile::~Meanwhile() {
+  KillTimer(nullptr, timer_);
+  current = nullptr;
+}
+
+void CALLBACK Meanwhile::Try(HWND, UINT, UINT_PTR timer, DWORD) {
+  if (current != nullptr && current->step_()) KillTimer(nullptr, timer);
 }
 
 void ClickOn(const Control& control) {
@@ -59,6 +75,22 @@ void PressKey(int virtualKey) {
 void TypeText(const std::string& text) {
   for (const char character : text) {
     PressKey(std::toupper(static_cast<unsigned char>(character)));
+  }
+}
+
+void PickDay(const DatePicker& picker, const Date& day) {
+  NMDATETIMECHANGE change = {};
+  const int id = picker.Id();
+  change.nmhdr = {picker.Handle(), static_cast<UINT_PTR>(id),
+                  static_cast<UINT>(DTN_DATETIMECHANGE)};
+  change.st.wYear = static_cast<WORD>(day.year);
+  change.st.wMonth = static_cast<WORD>(day.month);
+  change.st.wDay = static_cast<WORD>(day.day);
+  DateTime_SetSystemtime(picker.Handle(), GDT_VALID, &change.st);
+  // The system tells of one choice more than once.
+  for (int times = 0; times < 2; ++times) {
+    SendMessageA(GetParent(picker.Handle()), WM_NOTIFY, static_cast<WPARAM>(id),
+                 reinterpret_cast<LPARAM>(&change));
   }
 }
 

@@ -1,9 +1,12 @@
 // Drives real windows as a clerk does: clicks, keys, and waiting for what they bring about.
 #pragma once
 
+#include <algorithm>
 #include <functional>
 #include <string>
 
+#include "core/Conversion.h"
+#include "ui/DatePicker.h"
 #include "ui/Form.h"
 
 namespace tallyrun::testing {
@@ -14,6 +17,30 @@ void Pump();
 // Handles messages until `condition` holds; false when it does not within ten seconds.
 bool PumpUntil(const std::function<bool()>& condition);
 
+// Tries `step` whenever messages are handled, also by a modal form or a system's dialog, until it
+// gives back true or this goes. One at a time.
+class Meanwhile {
+ public:
+  explicit Meanwhile(std::function<bool()> step);
+  ~Meanwhile();
+  Meanwhile(const Meanwhile&) = delete;
+  Meanwhile& operator=(const Meanwhile&) = delete;
+
+ private:
+  static void CALLBACK Try(HWND, UINT, UINT_PTR, DWORD);
+
+  std::function<bool()> step_;
+  UINT_PTR timer_;
+};
+
+// The form's control with this id.
+template <class C = Control>
+C& ControlOf(const Form& form, int id) {
+  const auto& all = form.Controls();
+  return static_cast<C&>(
+      **std::find_if(all.begin(), all.end(), [id](Control* each) { return each->Id() == id; }));
+}
+
 // Presses and releases the left mouse button in the middle of the control, and handles it.
 void ClickOn(const Control& control);
 
@@ -23,6 +50,9 @@ void PressKey(int virtualKey);
 
 // Types `text`, letters and digits, into the window with the focus.
 void TypeText(const std::string& text);
+
+// Chooses a date as a clerk does in the picker's calendar.
+void PickDay(const DatePicker& picker, const Date& day);
 
 // The visible controls stand inside the window and apart from each other at any DPI.
 void ExpectControlsApart(const Form& form);

@@ -62,7 +62,8 @@ std::string RecordingPlatform::AskForFolder(const std::string& prompt,
 std::unique_ptr<Process> RecordingPlatform::StartProcess(const std::string& commandLine,
                                                          WindowMode mode) {
   started.push_back({commandLine, mode});
-  return onStart ? onStart(commandLine, mode) : std::make_unique<EndedProcess>();
+  std::unique_ptr<Process> process = onStart ? onStart(commandLine, mode) : nullptr;
+  return process ? std::move(process) : std::make_unique<EndedProcess>();
 }
 
 void RecordingPlatform::ProcessPendingEvents() {

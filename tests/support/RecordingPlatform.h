@@ -28,7 +28,7 @@ class RecordingPlatform : public Platform {
   std::string programFolder;
   // Runs whenever a box is shown, before it is answered.
   std::function<void(const Message&)> onMessage;
-  // Makes the process for a command line; a process that has ended with 0 when not given.
+  // Makes the process for a command line; where it makes none, one that has ended with 0.
   std::function<std::unique_ptr<Process>(const std::string&, WindowMode)> onStart;
   std::function<void()> onPendingEvents;
 

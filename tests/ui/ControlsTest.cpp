@@ -1,10 +1,5 @@
 // What each control tells its form, and when.
-#include <gmock/gmock.h>
-
-#include "tests/support/FormDriver.h"
-#include "tests/support/RecordingPlatform.h"
 #include "tests/ui/TryForm.h"
-#include "ui/EnglishMonths.h"
 
 namespace tallyrun::testing {
 namespace {
@@ -12,18 +7,13 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class ControlsTest : public ::testing::Test {
- protected:
+struct ControlsTest : TryFormTest {
   ControlsTest() { form.Show(); }
-
-  RecordingPlatform platform;
-  std::vector<std::string> log;
-  TryForm form;
 };
 
 TEST_F(ControlsTest, AnOptionTellsOfTurningOnAndOfNothingElse) {
-  TryForm::Log(form.optFirst.Click, log, "first");
-  TryForm::Log(form.optSecond.Click, log, "second");
+  Log(form.optFirst.Click, "first");
+  Log(form.optSecond.Click, "second");
   form.optFirst.SetValue(true);
   form.optFirst.SetValue(true);
   form.optSecond.SetValue(false);
@@ -41,7 +31,7 @@ TEST_F(ControlsTest, AnOptionTellsOfTurningOnAndOfNothingElse) {
 TEST_F(ControlsTest, AnOptionCanBeTurnedBackInItsHandler) {
   // As a refused change of mode does it.
   form.optFirst.SetValue(true);
-  TryForm::Log(form.optFirst.Click, log, "first");
+  Log(form.optFirst.Click, "first");
   form.optSecond.Click.Set([&] {
     log.push_back("second");
     form.optFirst.SetValue(true);
@@ -55,22 +45,11 @@ TEST_F(ControlsTest, AnOptionCanBeTurnedBackInItsHandler) {
 }
 
 TEST_F(ControlsTest, ADatePickerTellsOfADateOnceHoweverOftenTheSystemDoes) {
-  TryForm::Log(form.date.Change, log, "change");
+  Log(form.date.Change, "change");
   form.date.SetValue({2010, 1, 5});
-  const auto notify = [&] {
-    NMDATETIMECHANGE change = {};
-    change.nmhdr = {form.date.Handle(), 8, static_cast<UINT>(DTN_DATETIMECHANGE)};
-    SendMessageA(form.Handle(), WM_NOTIFY, 8, reinterpret_cast<LPARAM>(&change));
-  };
-  notify();
+  PickDay(form.date, {2010, 1, 5});
   EXPECT_THAT(log, IsEmpty());
-  SYSTEMTIME chosen = {};
-  chosen.wYear = 2010;
-  chosen.wMonth = 12;
-  chosen.wDay = 31;
-  SendMessageA(form.date.Handle(), DTM_SETSYSTEMTIME, GDT_VALID, reinterpret_cast<LPARAM>(&chosen));
-  notify();
-  notify();
+  PickDay(form.date, {2010, 12, 31});
   EXPECT_THAT(log, ElementsAre("change"));
 }
 

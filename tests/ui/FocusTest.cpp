@@ -1,8 +1,4 @@
 // Who has the focus, and who is told: only another control of the program takes it.
-#include <gmock/gmock.h>
-
-#include "tests/support/FormDriver.h"
-#include "tests/support/RecordingPlatform.h"
 #include "tests/ui/TryForm.h"
 #include "ui/WindowsPlatform.h"
 
@@ -12,21 +8,16 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class FocusTest : public ::testing::Test {
- protected:
+struct FocusTest : TryFormTest {
   FocusTest() {
     form.Show();
     form.editor.SetFocus();
     Pump();
-    TryForm::Log(form.editor.GotFocus, log, "editor got");
-    TryForm::Log(form.editor.LostFocus, log, "editor lost");
-    TryForm::Log(form.button.GotFocus, log, "button got");
-    TryForm::Log(form.button.LostFocus, log, "button lost");
+    Log(form.editor.GotFocus, "editor got");
+    Log(form.editor.LostFocus, "editor lost");
+    Log(form.button.GotFocus, "button got");
+    Log(form.button.LostFocus, "button lost");
   }
-
-  RecordingPlatform platform;
-  std::vector<std::string> log;
-  TryForm form;
 };
 
 TEST_F(FocusTest, AnotherControlTakesIt) {
@@ -40,39 +31,28 @@ TEST_F(FocusTest, AnotherControlTakesIt) {
 }
 
 TEST_F(FocusTest, AMessageBoxTakesNothingAndDisablesEveryForm) {
-  static TryForm* shown;
-  static bool formsDisabled;
   TryForm other("frmTryOther");
   other.Load();
-  shown = &form;
-  formsDisabled = false;
-  const auto answer = [](HWND, UINT, UINT_PTR timer, DWORD) {
+  const Meanwhile answer([&] {
     const HWND box = FindWindowA("#32770", "Title of the box");
-    if (box == nullptr) return;
-    KillTimer(nullptr, timer);
-    formsDisabled = true;
-    for (const Form* loaded : Form::LoadedForms()) {
-      if (IsWindowEnabled(loaded->Handle())) formsDisabled = false;
-    }
-    EXPECT_EQ(GetWindow(box, GW_OWNER), shown->Handle());
+    if (box == nullptr) return false;
+    EXPECT_FALSE(IsWindowEnabled(form.Handle()) || IsWindowEnabled(other.Handle()));
+    EXPECT_EQ(GetWindow(box, GW_OWNER), form.Handle());
     SendMessageA(GetDlgItem(box, IDYES), BM_CLICK, 0, 0);
-  };
-  SetTimer(nullptr, 0, USER_TIMER_MINIMUM, answer);
+    return true;
+  });
   WindowsPlatform windows;
   EXPECT_EQ(windows.ShowMessage(
                 {"Text", "Title of the box", MessageIcon::Question, MessageButtons::YesNo}),
             MessageAnswer::Yes);
-  Pump();
-  EXPECT_TRUE(formsDisabled);
-  EXPECT_TRUE(IsWindowEnabled(form.Handle()));
-  EXPECT_TRUE(IsWindowEnabled(other.Handle()));
-  EXPECT_TRUE(form.editor.HasFocus());
+  EXPECT_TRUE(IsWindowEnabled(form.Handle()) && IsWindowEnabled(other.Handle()));
+  EXPECT_TRUE(PumpUntil([&] { return form.editor.HasFocus(); }));
   EXPECT_THAT(log, IsEmpty());
 }
 
 TEST_F(FocusTest, AnotherFormTakesItAndGivesItBack) {
   TryForm other("frmTryOther");
-  TryForm::Log(other.editor.GotFocus, log, "other got");
+  Log(other.editor.GotFocus, "other got");
   other.Show();
   ASSERT_TRUE(PumpUntil([&] { return other.editor.HasFocus(); }));
   EXPECT_THAT(log, ElementsAre("editor lost", "other got"));
@@ -97,7 +77,7 @@ TEST_F(FocusTest, AControlThatDisappearsInAHandlerLeavesTheKeyboardAlive) {
 
 TEST_F(FocusTest, ADroppedCalendarTakesNothing) {
   form.date.SetFocus();
-  TryForm::Log(form.date.LostFocus, log, "date lost");
+  Log(form.date.LostFocus, "date lost");
   log.clear();
   RECT client = {};
   GetClientRect(form.date.Handle(), &client);

@@ -1,11 +1,6 @@
 // A form's life: dispatch inside the trap, closing while a handler runs, modal forms.
-#include <gmock/gmock.h>
-
 #include "core/RuntimeError.h"
-#include "tests/support/FormDriver.h"
-#include "tests/support/RecordingPlatform.h"
 #include "tests/ui/TryForm.h"
-#include "ui/Form.h"
 #include "ui/MessageLoop.h"
 
 namespace tallyrun::testing {
@@ -14,17 +9,13 @@ namespace {
 using ::testing::ElementsAre;
 using ::testing::IsEmpty;
 
-class FormTest : public ::testing::Test {
- protected:
+struct FormTest : TryFormTest {
   FormTest() {
     platform.onPendingEvents = [] { PumpMessages(); };
   }
-
-  RecordingPlatform platform;
 };
 
 TEST_F(FormTest, AnErrorEndsItsHandlerAloneAndIsShown) {
-  TryForm form;
   bool handlerWentOn = false;
   form.onClick = [&] {
     // A handler inside a handler has a trap of its own.
@@ -44,21 +35,16 @@ TEST_F(FormTest, AnErrorEndsItsHandlerAloneAndIsShown) {
 TEST_F(FormTest, ClosedInItsOwnHandlerItIsHiddenAndGoesAfterTheHandler) {
   TryForm main("frmTryMain", true);
   main.Show();
-  TryForm form;
-  bool hiddenAtOnce = false;
-  bool stillThere = false;
   form.onClick = [&] {
     PostMessageA(form.Handle(), WM_CLOSE, 0, 0);
     ThePlatform().ProcessPendingEvents();
-    hiddenAtOnce = !IsWindowVisible(form.Handle());
+    EXPECT_FALSE(IsWindowVisible(form.Handle()));
     form.editor.SetText("outcome");
-    stillThere = form.editor.Text() == "outcome";
+    EXPECT_EQ(form.editor.Text(), "outcome");
     Tell("done", "title", MessageIcon::Information);
   };
   form.Show();
   ClickOn(form.button);
-  EXPECT_TRUE(hiddenAtOnce);
-  EXPECT_TRUE(stillThere);
   EXPECT_EQ(platform.TakeMessage().text, "done");
   EXPECT_FALSE(form.IsLoaded());
   EXPECT_TRUE(main.IsLoaded());
@@ -92,33 +78,32 @@ TEST_F(FormTest, TheMainFormClosedWhileAHandlerWaitsEndsTheProgram) {
 TEST_F(FormTest, AModalFormDisablesTheOthersUntilItIsClosed) {
   TryForm owner("frmTryOwner");
   TryForm bystander("frmTryBystander");
-  TryForm modal("frmTryModal");
-  std::vector<std::string> log;
   owner.onClick = [&] {
     log.push_back("before");
-    modal.ShowModal(&owner);
+    form.ShowModal(&owner);
     log.push_back("after");
-  };
-  modal.onLoad = [&] { PostMessageA(modal.button.Handle(), BM_CLICK, 0, 0); };
-  modal.onClick = [&] {
-    log.push_back(IsWindowEnabled(owner.Handle()) ? "owner enabled" : "owner disabled");
-    log.push_back(IsWindowEnabled(bystander.Handle()) ? "other enabled" : "other disabled");
-    // Whatever asks a form beneath to close is put off.
-    SendMessageA(owner.Handle(), WM_CLOSE, 0, 0);
-    modal.Unload();
   };
   owner.Show();
   bystander.Show();
-  ClickOn(owner.button);
-  EXPECT_THAT(log, ElementsAre("before", "owner disabled", "other disabled", "after"));
+  {
+    const Meanwhile closeIt([&] {
+      if (!form.IsLoaded() || !IsWindowVisible(form.Handle())) return false;
+      log.push_back("shown");
+      EXPECT_FALSE(IsWindowEnabled(owner.Handle()) || IsWindowEnabled(bystander.Handle()));
+      // Whatever asks a form beneath to close is put off.
+      SendMessageA(owner.Handle(), WM_CLOSE, 0, 0);
+      form.Unload();
+      return true;
+    });
+    ClickOn(owner.button);
+  }
+  EXPECT_THAT(log, ElementsAre("before", "shown", "after"));
   EXPECT_TRUE(owner.IsLoaded());
-  EXPECT_TRUE(IsWindowEnabled(owner.Handle()));
-  EXPECT_TRUE(IsWindowEnabled(bystander.Handle()));
-  EXPECT_EQ(GetActiveWindow(), owner.Handle());
+  EXPECT_TRUE(IsWindowEnabled(owner.Handle()) && IsWindowEnabled(bystander.Handle()));
+  EXPECT_TRUE(PumpUntil([&] { return GetActiveWindow() == owner.Handle(); }));
 }
 
 TEST_F(FormTest, AnotherDpiScalesFontAndLayout) {
-  TryForm form;
   form.Show();
   const TextMeasurer before = form.Measurer();
   const int heightBefore = form.button.Bounds().height;
@@ -141,7 +126,6 @@ TEST_F(FormTest, AnotherDpiScalesFontAndLayout) {
 }
 
 TEST_F(FormTest, TheHourglassHoldsOverEveryControl) {
-  TryForm form;
   form.Show();
   const HCURSOR hourglass = LoadCursorA(nullptr, IDC_WAIT);
   const auto pointerOver = [](const Control& control) {

@@ -1,36 +1,22 @@
 // Which handler a key reaches, and what keys do by themselves.
-#include <gmock/gmock.h>
-
-#include "tests/support/FormDriver.h"
-#include "tests/support/RecordingPlatform.h"
 #include "tests/ui/TryForm.h"
 
 namespace tallyrun::testing {
 namespace {
 
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
-class KeysTest : public ::testing::Test {
- protected:
+struct KeysTest : TryFormTest {
   KeysTest() {
-    LogKey(form.KeyUp, "form up ");
+    Log(form.KeyUp, "form up ");
     form.Show();
     Pump();
   }
-
-  void LogKey(Event<KeyEvent&>& event, const std::string& name) {
-    event.Set([this, name](KeyEvent& key) { log.push_back(name + std::to_string(key.key)); });
-  }
-
-  RecordingPlatform platform;
-  std::vector<std::string> log;
-  TryForm form;
 };
 
 TEST_F(KeysTest, AReleaseReachesTheControlsHandlerOrTheFormsOnce) {
-  LogKey(form.button.KeyUp, "button up ");
-  LogKey(form.date.KeyUp, "date up ");
+  Log(form.button.KeyUp, "button up ");
+  Log(form.date.KeyUp, "date up ");
   const struct {
     Control& control;
     int key;
@@ -68,8 +54,8 @@ TEST_F(KeysTest, EnterAndEscapeReachTheControlAndPressNothing) {
   PressKey(VK_SPACE);
   EXPECT_EQ(clicks, 1);
 
-  LogKey(form.editor.KeyPress, "press ");
-  LogKey(form.date.KeyPress, "date press ");
+  Log(form.editor.KeyPress, "press ");
+  Log(form.date.KeyPress, "date press ");
   form.editor.SetFocus();
   form.editor.SetText("abc");
   log.clear();

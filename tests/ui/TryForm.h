@@ -2,9 +2,12 @@
 #pragma once
 
 #include <functional>
+#include <gmock/gmock.h>
 #include <string>
 #include <vector>
 
+#include "tests/support/FormDriver.h"
+#include "tests/support/RecordingPlatform.h"
 #include "ui/Controls.h"
 #include "ui/Form.h"
 
@@ -29,11 +32,6 @@ class TryForm : public Form {
   std::function<void()> onLoad = [] {};
   std::function<void()> onUnload = [] {};
   std::function<void()> onClick = [] {};
-
-  // Appends "name" to `log` whenever `event` is raised.
-  static void Log(Event<>& event, std::vector<std::string>& log, const std::string& name) {
-    event.Set([&log, name] { log.push_back(name); });
-  }
 
  protected:
   void CreateControls() override {
@@ -65,6 +63,21 @@ class TryForm : public Form {
 
  private:
   void button_Click() { onClick(); }
+};
+
+// One such form, not loaded yet, and a log of what its events tell.
+class TryFormTest : public ::testing::Test {
+ protected:
+  void Log(Event<>& event, const std::string& name) {
+    event.Set([this, name] { log.push_back(name); });
+  }
+  void Log(Event<KeyEvent&>& event, const std::string& name) {
+    event.Set([this, name](KeyEvent& key) { log.push_back(name + std::to_string(key.key)); });
+  }
+
+  RecordingPlatform platform;
+  std::vector<std::string> log;
+  TryForm form;
 };
 
 }  // namespace tallyrun::testing
