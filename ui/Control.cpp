@@ -1,5 +1,7 @@
 #include "ui/Control.h"
 
+#include <unordered_map>
+
 #include "core/RuntimeError.h"
 #include "ui/Form.h"
 #include "ui/WindowGuard.h"
@@ -7,13 +9,13 @@
 namespace tallyrun {
 namespace {
 
-constexpr UINT_PTR kSubclassId = 1;
-// The window property that leads from a window to its control.
-constexpr char kControlProperty[] = "TallyrunControl";
-
 bool KeyIsDown(int key) { return GetKeyState(key) < 0; }
 
 Control* focused = nullptr;
+
+// The controls by their windows. Window properties and the system's own subclassing would say the
+// same, but where they are kept by another process each message has to ask it.
+std::unordered_map<HWND, Control*> controlsByWindow;
 
 // The window that has the keyboard, or the one a calendar or menu dropped down from.
 HWND ActiveFormWindow() {
@@ -66,36 +68,46 @@ void Control::CreateControl(ControlParent& parent, const char* windowClass, cons
       GetModuleHandleA(nullptr), nullptr);
   if (window == nullptr) throw RuntimeError(ErrorKind::OutOfMemory);
   window_ = window;
-  SetPropA(window, kControlProperty, static_cast<Control*>(this));
-  SetWindowSubclass(window, WindowProc, kSubclassId, reinterpret_cast<DWORD_PTR>(this));
+  controlsByWindow[window] = this;
+  // In the wide form where the class has it, so that its messages stay as they are.
+  isWide_ = IsWindowUnicode(window) != FALSE;
+  const auto ours = reinterpret_cast<LONG_PTR>(&WindowProc);
+  classProc_ =
+      reinterpret_cast<WNDPROC>(isWide_ ? SetWindowLongPtrW(window, GWLP_WNDPROC, ours)
+                                        : SetWindowLongPtrA(window, GWLP_WNDPROC, ours));
   form_->Adopt(*this);
   if (!toolTip_.empty()) form_->ShowToolTip(*this);
 }
 
 Control* Control::FromHandle(HWND window) {
-  return static_cast<Control*>(GetPropA(window, kControlProperty));
+  const auto found = controlsByWindow.find(window);
+  return found == controlsByWindow.end() ? nullptr : found->second;
 }
 
-LRESULT CALLBACK Control::WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                     UINT_PTR, DWORD_PTR control) noexcept {
-  auto* const self = reinterpret_cast<Control*>(control);
+LRESULT CALLBACK Control::WindowProc(HWND window, UINT message, WPARAM wParam,
+                                     LPARAM lParam) noexcept {
+  Control* const self = FromHandle(window);
   if (message == WM_NCDESTROY) {
-    RemovePropA(window, kControlProperty);
-    RemoveWindowSubclass(window, WindowProc, kSubclassId);
     self->WindowGone();
-    return DefSubclassProc(window, message, wParam, lParam);
+    return self->CallClass(window, message, wParam, lParam);
   }
   return RunGuarded([&] { return self->OnMessage(message, wParam, lParam); });
 }
 
 void Control::WindowGone() {
+  controlsByWindow.erase(window_);
   focus::Forget(*this);
   if (form_ != nullptr) form_->Disown(*this);
   window_ = nullptr;
 }
 
 LRESULT Control::Default(UINT message, WPARAM wParam, LPARAM lParam) {
-  return window_ == nullptr ? 0 : DefSubclassProc(window_, message, wParam, lParam);
+  return window_ == nullptr ? 0 : CallClass(window_, message, wParam, lParam);
+}
+
+LRESULT Control::CallClass(HWND window, UINT message, WPARAM wParam, LPARAM lParam) const {
+  return isWide_ ? CallWindowProcW(classProc_, window, message, wParam, lParam)
+                 : CallWindowProcA(classProc_, window, message, wParam, lParam);
 }
 
 LRESULT Control::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {

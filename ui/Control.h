@@ -102,12 +102,15 @@ class Control {
   virtual bool EditsText() const { return false; }
 
  private:
-  static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam,
-                                     UINT_PTR id, DWORD_PTR control) noexcept;
+  static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam,
+                                     LPARAM lParam) noexcept;
+  LRESULT CallClass(HWND window, UINT message, WPARAM wParam, LPARAM lParam) const;
   void RaiseKeyUp(KeyEvent& key);
   void WindowGone();
 
   HWND window_ = nullptr;
+  WNDPROC classProc_ = nullptr;  // of the window's class
+  bool isWide_ = false;          // whether that takes wide text
   Form* form_ = nullptr;
   int id_ = 0;
   std::string toolTip_;

@@ -233,8 +233,10 @@ void Form::CreateFormWindow(HWND owner) {
 }
 
 void Form::PlaceOnScreen(HWND owner) {
-  // Once for the minimum, which a form of fixed size takes as its size.
-  Relayout();
+  // A form of fixed size takes the minimum as its size.
+  LayoutArea area(*this);
+  Layout(area);
+  minimum_ = area.Minimum();
   SIZE client = {Scale(options_.width), Scale(options_.height)};
   if (!options_.sizable) client = minimum_;
   client.cx = std::max(client.cx, minimum_.cx);

@@ -53,6 +53,8 @@ void LayoutArea::Apply() {
   // A batch may only hold windows of one parent.
   std::map<HWND, std::vector<const Placement*>> byParent;
   for (const Placement& placement : placements_) {
+    // Most controls stay where they are when the window grows or the mode changes.
+    if (placement.control->Bounds() == placement.bounds) continue;
     byParent[GetParent(placement.control->Handle())].push_back(&placement);
   }
   for (const auto& [parent, placed] : byParent) {
