@@ -72,11 +72,10 @@ void Control::CreateControl(ControlParent& parent, const char* windowClass, cons
   // In the wide form where the class has it, so that its messages stay as they are.
   isWide_ = IsWindowUnicode(window) != FALSE;
   const auto ours = reinterpret_cast<LONG_PTR>(&WindowProc);
-  classProc_ =
-      reinterpret_cast<WNDPROC>(isWide_ ? SetWindowLongPtrW(window, GWLP_WNDPROC, ours)
-                                        : SetWindowLongPtrA(window, GWLP_WNDPROC, ours));
+  classProc_ = reinterpret_cast<WNDPROC>(isWide_ ? SetWindowLongPtrW(window, GWLP_WNDPROC, ours)
+                                                 : SetWindowLongPtrA(window, GWLP_WNDPROC, ours));
+  hasTip_ = false;
   form_->Adopt(*this);
-  if (!toolTip_.empty()) form_->ShowToolTip(*this);
 }
 
 Control* Control::FromHandle(HWND window) {
@@ -130,6 +129,11 @@ LRESULT Control::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return key.handled ? 0 : Default(message, wParam, lParam);
     }
     case WM_SETCURSOR:
+      // The mouse is over it: soon enough for a tip, which start-up need not wait for.
+      if (!hasTip_ && !toolTip_.empty()) {
+        hasTip_ = true;
+        form_->ShowToolTip(*this);
+      }
       // Before the control's own: a header or an edit would set its pointer over the hourglass.
       if (LOWORD(lParam) == HTCLIENT && form_->HoldPointer()) return TRUE;
       return Default(message, wParam, lParam);
@@ -205,7 +209,7 @@ void Control::Move(const PixelRect& bounds) {
 
 void Control::SetToolTip(const std::string& text) {
   toolTip_ = text;
-  if (window_ != nullptr) form_->ShowToolTip(*this);
+  if (window_ != nullptr && hasTip_) form_->ShowToolTip(*this);
 }
 
 void Control::SetFontFace(const std::string& face) {

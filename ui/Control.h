@@ -114,6 +114,7 @@ class Control {
   Form* form_ = nullptr;
   int id_ = 0;
   std::string toolTip_;
+  bool hasTip_ = false;  // whether the form's tip window knows it
   std::string fontFace_;
 };
 

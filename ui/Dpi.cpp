@@ -77,8 +77,12 @@ TextMeasurer MeasurerFor(HFONT font, int dpi) {
 int LineHeightOf(HFONT font) {
   const WindowDc screen(nullptr);
   const SelectScope selected(screen.Get(), font);
+  return LineHeightOf(screen.Get());
+}
+
+int LineHeightOf(HDC dc) {
   TEXTMETRICA metrics = {};
-  GetTextMetricsA(screen.Get(), &metrics);
+  GetTextMetricsA(dc, &metrics);
   return metrics.tmHeight;
 }
 

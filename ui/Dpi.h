@@ -22,8 +22,9 @@ int ScaleForDpi(int pixels, int dpi);
 UniqueFont MakeMessageFont(int dpi, const std::string& face = "");
 // The widths of the font's 256 characters.
 TextMeasurer MeasurerFor(HFONT font, int dpi);
-// A line's height in the font, in pixels.
+// A line's height in the font, or in the one selected into `dc`, in pixels.
 int LineHeightOf(HFONT font);
+int LineHeightOf(HDC dc);
 
 // The size of a window whose client area is `client`.
 SIZE WindowSizeFor(SIZE client, DWORD style, DWORD extendedStyle, int dpi);

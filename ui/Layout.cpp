@@ -13,7 +13,9 @@ constexpr int kRoomAroundLine = 8;
 
 }  // namespace
 
-LayoutArea::LayoutArea(Form& form) : form_(form) {
+LayoutArea::LayoutArea(Form& form)
+    : form_(form), screen_(nullptr), font_(screen_.Get(), form.Font()) {
+  lineHeight_ = LineHeightOf(screen_.Get());
   RECT client = {};
   GetClientRect(form.Handle(), &client);
   const SIZE least = form.MinimumClientSize();
@@ -24,14 +26,11 @@ LayoutArea::LayoutArea(Form& form) : form_(form) {
 int LayoutArea::Scale(int pixelsAt96) const { return form_.Scale(pixelsAt96); }
 
 int LayoutArea::TextWidth(const std::string& text) const {
-  const WindowDc screen(nullptr);
-  const SelectScope selected(screen.Get(), form_.Font());
   SIZE size = {};
-  GetTextExtentPoint32A(screen.Get(), text.data(), static_cast<int>(text.size()), &size);
+  GetTextExtentPoint32A(screen_.Get(), text.data(), static_cast<int>(text.size()), &size);
   return static_cast<int>(size.cx);
 }
 
-int LayoutArea::LineHeight() const { return LineHeightOf(form_.Font()); }
 int LayoutArea::BoxHeight() const { return LineHeight() + Scale(kRoomAroundLine); }
 int LayoutArea::ButtonHeight() const { return BoxHeight(); }
 int LayoutArea::ButtonWidth(const std::string& text) const {

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "ui/Control.h"
+#include "ui/Handles.h"
 
 namespace tallyrun {
 
@@ -23,6 +24,8 @@ class LayoutArea {
  public:
   // The client area of `form` as it is now.
   explicit LayoutArea(Form& form);
+  LayoutArea(const LayoutArea&) = delete;
+  LayoutArea& operator=(const LayoutArea&) = delete;
 
   // Pixels to fill; never less than the form's minimum.
   int Width() const { return width_; }
@@ -32,7 +35,7 @@ class LayoutArea {
   int Scale(int pixelsAt96) const;
   // Sizes in pixels that fit the form's font.
   int TextWidth(const std::string& text) const;
-  int LineHeight() const;
+  int LineHeight() const { return lineHeight_; }
   int BoxHeight() const;                           // of a text box, combo box or date picker
   int ButtonHeight() const;                        // the same, so that they line up in a row
   int ButtonWidth(const std::string& text) const;  // at least 75 at 96 DPI
@@ -55,6 +58,10 @@ class LayoutArea {
   };
 
   Form& form_;
+  // One for all texts: asking the system for a device context costs more than measuring.
+  WindowDc screen_;
+  SelectScope font_;
+  int lineHeight_ = 0;
   int width_ = 0;
   int height_ = 0;
   SIZE minimum_ = {};

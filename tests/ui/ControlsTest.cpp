@@ -11,6 +11,34 @@ struct ControlsTest : TryFormTest {
   ControlsTest() { form.Show(); }
 };
 
+TEST_F(ControlsTest, ATipComesWithTheMouseAndFollowsItsText) {
+  const auto tip = [&] {
+    HWND tips = nullptr;
+    do tips = FindWindowExA(nullptr, tips, TOOLTIPS_CLASSA, nullptr);
+    while (tips != nullptr && GetWindow(tips, GW_OWNER) != form.Handle());
+    char text[80] = "no tip";
+    TOOLINFOA tool = {};
+    tool.cbSize = TTTOOLINFOA_V2_SIZE;
+    tool.uFlags = TTF_IDISHWND;
+    tool.hwnd = form.Handle();
+    tool.uId = reinterpret_cast<UINT_PTR>(form.button.Handle());
+    tool.lpszText = text;
+    SendMessageA(tips, TTM_GETTEXTA, sizeof text, reinterpret_cast<LPARAM>(&tool));
+    return std::string(text);
+  };
+  EXPECT_EQ(tip(), "no tip");
+  SendMessageA(form.button.Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(form.button.Handle()),
+               MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+  EXPECT_EQ(tip(), "Tip of the button");
+  form.button.SetToolTip("Another tip");
+  EXPECT_EQ(tip(), "Another tip");
+  form.Unload();
+  form.Show();
+  SendMessageA(form.button.Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(form.button.Handle()),
+               MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+  EXPECT_EQ(tip(), "Tip of the button");
+}
+
 TEST_F(ControlsTest, AnOptionTellsOfTurningOnAndOfNothingElse) {
   Log(form.optFirst.Click, "first");
   Log(form.optSecond.Click, "second");
