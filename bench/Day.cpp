@@ -1,8 +1,8 @@
 // day WORK OUT: runs a whole Pay In day on the files in the folder WORK with the routines that
 // the program's buttons call, and writes what it makes into the folder OUT: the entry file, the
-// report and the holding message. Prints a line per measurement: "STEP SECONDS PROCESSOR-SECONDS"
-// for each step and the whole (the second figure says what a busy machine hides), then
-// "NAME VALUE" for rows and memory.
+// report and the holding message. Prints a line per measurement: "STEP SECONDS PROCESSOR-SECONDS
+// KILOBYTES" for each step and the whole (the second figure says what a busy machine hides, the
+// third what the process holds after the step), then "NAME VALUE" for rows and memory.
 #include <chrono>
 #include <cstdio>
 #include <ctime>
@@ -62,7 +62,7 @@ Spent Measure(const std::function<void()>& work) {
 }
 
 void Print(const char* name, const Spent& spent) {
-  std::printf("%s %.6f %.6f\n", name, spent.wall, spent.processor);
+  std::printf("%s %.6f %.6f %ld\n", name, spent.wall, spent.processor, KilobytesOf("VmRSS"));
 }
 
 class Day {
@@ -79,13 +79,11 @@ class Day {
 
   void Run() {
     Step("lists", [] { LoadLists(); });
-    const long kilobytesBefore = KilobytesOf("VmRSS");
     Step("import", [this] {
       LoadTradeFile(grid_, work_ + "payin_05-01-2010.txt", TradeSideOf(EntryMode));
       SortEntries(grid_);
     });
     const int imported = grid_.Rows() - 1;
-    const long sheetKilobytes = KilobytesOf("VmRSS") - kilobytesBefore;
     Step("autofill", [this] {
       SortEntries(grid_);
       FillAutoFields(grid_, kDay);
@@ -105,8 +103,8 @@ class Day {
     Step("reload", [this] { LoadFileIntoGrid(EntryFilePath(kDay), grid_); });
     Step("report", [this] { BuildPayInReport(grid_); });
     Print("whole", whole_);
-    std::printf("rows %d\nsummarized %d\npeak_kb %ld\nsheet_kb %ld\n", imported, grid_.Rows() - 1,
-                KilobytesOf("VmHWM"), sheetKilobytes);
+    std::printf("rows %d\nsummarized %d\npeak_kb %ld\n", imported, grid_.Rows() - 1,
+                KilobytesOf("VmHWM"));
     std::ofstream(out_ + "holding.txt", std::ios::binary) << HoldingMessage;
   }
 

@@ -1,33 +1,43 @@
 #!/usr/bin/env python3
-"""Runs the day, the peers and the limit in turn on the same files and prints what they took.
+"""Runs everything that is measured in turn, round after round, and prints what it took.
 
-measure.py PROGRAMS SCRIPTS DATA ROUNDS: PROGRAMS holds generate, day and limit, SCRIPTS the peers;
-DATA is an empty folder for the files. What is compared is the median of all rounds. Every peer's
-files must be byte for byte ours, or nothing is printed.
+measure.py NATIVE WINDOWS DATA ROUNDS: NATIVE and WINDOWS are the two build folders; DATA is an empty
+folder for the files. What is compared is the median of all rounds. Every peer's files must be byte
+for byte ours, or nothing is printed. A bar that falls short is said, and is no failure.
 """
 
 import filecmp
+import json
+import os
 import pathlib
-import statistics
 import subprocess
 import sys
 import time
 
+from report import ROWS, Rounds, print_bars, print_table
+
+HERE = pathlib.Path(__file__).resolve().parent
+WINE = HERE.parent / "scripts" / "wine.sh"
 SEED = "1"
 SIZES = {  # trades, accounts, securities, holding lines
     "100k": ("100000", "10000", "2000", "50000"),
     "1m": ("1000000", "100000", "2000", "500000"),
 }
+SHEET_ROWS = "1000000"
+STARTS_PER_ROUND = "3"
 ENTRIES = "05-Jan-2010_PI_410275.txt"
 REPORT = "PAY-IN INSTRUCTIONS"
-STEPS = ("lists", "import", "autofill", "summarize", "check", "save", "reload", "report", "whole")
-# What a peer does between reading the lists and writing the rows.
-ROWS = ("lists", "import", "autofill", "summarize", "save")
 
 
-def run(*command):
-    return subprocess.run([str(part) for part in command], check=True, text=True,
-                          stdout=subprocess.PIPE).stdout
+def run(*command, **environment):
+    """What the command prints; the end of everything when it fails."""
+    done = subprocess.run([str(part) for part in command], text=True, check=False,
+                          env=os.environ | environment, stdin=subprocess.DEVNULL,
+                          stdout=subprocess.PIPE, stderr=subprocess.PIPE)
+    if done.returncode != 0:
+        sys.exit(f"measure: {' '.join(map(str, command))} failed: {done.returncode}\n"
+                 f"{done.stdout[-4000:]}{done.stderr[-4000:]}")
+    return done.stdout
 
 
 def figures(text):
@@ -35,24 +45,11 @@ def figures(text):
     return {line.split()[0]: float(line.split()[1]) for line in text.splitlines()}
 
 
-def seconds(*command):
-    begin = time.perf_counter()
-    run(*command)
-    return time.perf_counter() - begin
-
-
-class Rounds:
-    """Figures of every round by name; asked for the median."""
-
-    def __init__(self):
-        self.taken = {}
-
-    def add(self, found, prefix=""):
-        for name, figure in found.items():
-            self.taken.setdefault(prefix + name, []).append(figure)
-
-    def __getitem__(self, name):
-        return statistics.median(self.taken[name])
+def day(native, work, out):
+    """The day's figures, and what the process holds after each step as "STEP kb"."""
+    text = run(native / "day", work, out)
+    fields = [line.split() for line in text.splitlines()]
+    return figures(text) | {f"{each[0]} kb": float(each[3]) for each in fields if len(each) > 3}
 
 
 def require_same(ours, theirs):
@@ -61,77 +58,74 @@ def require_same(ours, theirs):
             sys.exit(f"measure: {theirs.name} makes another {name} than we do")
 
 
-def measure(programs, scripts, data, rounds):
-    taken = Rounds()
-    folders = {name: data / name for name in (*SIZES, "out-1m", "out-100k", "mawk", "sqlite")}
-    for folder in folders.values():
-        folder.mkdir()
-    for name, size in SIZES.items():
-        run(programs / "generate", data / name, SEED, *size)
-    inputs = sorted(folders["1m"].iterdir())
-    for at in range(rounds):
-        taken.add(figures(run(programs / "day", folders["1m"], folders["out-1m"])))
-        taken.add(figures(run(programs / "day", folders["100k"], folders["out-100k"])), "100k ")
-        outputs = [folders["out-1m"] / name for name in (ENTRIES, REPORT)]
-        taken.add(figures(run(programs / "limit", *inputs, "--", *outputs)))
+class Day:
+    """The day's work on generated files, ours, the peers' and the machine's plain reads and writes."""
+
+    def __init__(self, native, data):
+        self.native = native
+        self.at = {name: data / name for name in (*SIZES, "out-1m", "out-100k", "mawk", "sqlite")}
+        for folder in self.at.values():
+            folder.mkdir()
+        for name, size in SIZES.items():
+            run(native / "generate", self.at[name], SEED, *size)
+
+    def measure(self, taken, is_first):
+        taken.add(day(self.native, self.at["1m"], self.at["out-1m"]))
+        taken.add(day(self.native, self.at["100k"], self.at["out-100k"]), "100k ")
+        outputs = [self.at["out-1m"] / name for name in (ENTRIES, REPORT)]
+        inputs = sorted(self.at["1m"].iterdir())
+        taken.add(figures(run(self.native / "limit", *inputs, "--", *outputs)))
         for peer in ("mawk", "sqlite"):
             for part in ("rows", "check"):
-                took = seconds(scripts / f"peer_{peer}.sh", part, folders["1m"], folders[peer])
-                taken.add({f"{peer} {part}": took})
-            if at == 0:
-                require_same(folders["out-1m"], folders[peer])
-    taken.add({"ours rows": sum(taken[step] for step in ROWS)})
-    return taken
+                begin = time.perf_counter()
+                run(HERE / f"peer_{peer}.sh", part, self.at["1m"], self.at[peer])
+                taken.add({f"{peer} {part}": time.perf_counter() - begin})
+            if is_first:
+                require_same(self.at["out-1m"], self.at[peer])
 
 
-def print_table(taken, rounds):
-    def line(name, took, note=""):
-        print(f"{name:<34}{took * 1000:>10.1f} ms  {note}".rstrip())
+class Windows:
+    """The real windows under Wine: a sheet of very many rows, and the program's start."""
 
-    print(f"1,000,000 trades, 100,000 accounts, 2,000 securities, 500,000 holding lines; "
-          f"{taken['rows']:,.0f} rows imported, {taken['summarized']:,.0f} after summarising; "
-          f"medians of {rounds} rounds\n")
-    for step in STEPS:
-        line(step, taken[step], f"100,000 trades: {taken['100k ' + step] * 1000:.1f} ms")
-    line("limit (plain reads and writes)", taken["limit"], f"{taken['bytes']:,.0f} bytes")
-    print()
-    line("rows: " + " + ".join(ROWS), taken["ours rows"])
-    for peer in ("mawk", "sqlite"):
-        line(f"rows, {peer}", taken[f"{peer} rows"],
-             f"{taken[f'{peer} rows'] / taken['ours rows']:.2f} times ours")
-    line("check", taken["check"])
-    for peer in ("mawk", "sqlite"):
-        line(f"check, {peer}", taken[f"{peer} check"],
-             f"{taken[f'{peer} check'] / taken['check']:.2f} times ours, "
-             f"{taken[f'{peer} check'] / (taken['check'] + taken['reload']):.2f} times ours "
-             "with the reading of the entry file")
-    print(f"{'peak memory':<34}{taken['peak_kb'] * 1024:>13,.0f} bytes")
-    print(f"{'sheet after import':<34}{taken['sheet_kb'] * 1024 / taken['rows']:>13.1f} bytes a row\n")
+    def __init__(self, build, data):
+        self.build = build
+        self.place = data / "place"
+        run(HERE.parent / "scripts" / "workplace.sh", self.place, build / "Tallyrun.exe")
+
+    def measure(self, taken):
+        text = run(WINE, self.build / "tests" / "windows_tests.exe",
+                   "--gtest_filter=LargeSheetTest.*", TALLYRUN_SHEET_ROWS=SHEET_ROWS)
+        marked = [line.split(" ", 1)[1] for line in text.splitlines() if line.startswith("figure ")]
+        taken.add(figures("\n".join(marked)))
+        program = "Z:" + str(self.place / "program" / "Tallyrun.exe").replace("/", "\\")
+        starts = run(WINE, self.build / "bench" / "start_time.exe", STARTS_PER_ROUND,
+                     program, "Tallyrun.frmMain", "C:\\windows\\notepad.exe", "Notepad")
+        for line in starts.splitlines():
+            taken.add(figures(line), "start ")
 
 
-def print_bars(taken):
-    def bar(name, measured, asked, at_least):
-        holds = measured >= asked if at_least else measured <= asked
-        # A figure that falls short is never printed as if it held.
-        sign = "at least" if at_least else "at most"
-        print(f"bar {name}: {measured:.3f} (asked {sign} {asked}) "
-              f"{'holds' if holds else 'falls short'}")
-
-    bar("rows, times faster than mawk and sort", taken["mawk rows"] / taken["ours rows"], 10, True)
-    bar("rows, times faster than sqlite3", taken["sqlite rows"] / taken["ours rows"], 5, True)
-    bar("holding check, times faster than mawk", taken["mawk check"] / taken["check"], 10, True)
-    bar("whole day, times the limit", taken["whole"] / taken["limit"], 8, False)
-    bar("whole day, growth for ten times the trades", taken["whole"] / taken["100k whole"], 12,
-        False)
-    bar("peak memory, times all inputs and outputs", taken["peak_kb"] * 1024 / taken["bytes"], 4,
-        False)
+def micro(native):
+    """{benchmark: nanoseconds a call}, each the median of five repetitions."""
+    text = run(native / "micro", "--benchmark_format=json", "--benchmark_repetitions=5",
+               "--benchmark_report_aggregates_only=true", "--benchmark_min_time=0.05")
+    units = {"ns": 1, "us": 1e3, "ms": 1e6, "s": 1e9}
+    return {each["run_name"]: each["cpu_time"] * units[each["time_unit"]]
+            for each in json.loads(text)["benchmarks"] if each["aggregate_name"] == "median"}
 
 
 def main():
-    programs, scripts, data = (pathlib.Path(each).resolve() for each in sys.argv[1:4])
+    native, windows, data = (pathlib.Path(each).resolve() for each in sys.argv[1:4])
     rounds = int(sys.argv[4])
-    taken = measure(programs, scripts, data, rounds)
-    print_table(taken, rounds)
+    taken = Rounds()
+    the_day = Day(native / "bench", data)
+    the_windows = Windows(windows, data)
+    for at in range(rounds):
+        print(f"round {at + 1} of {rounds}", file=sys.stderr)
+        the_day.measure(taken, at == 0)
+        the_windows.measure(taken)
+    taken.add({"ours rows": sum(taken[step] for step in ROWS),
+               "exe bytes": (windows / "Tallyrun.exe").stat().st_size})
+    print_table(taken, rounds, micro(native / "bench"))
     print_bars(taken)
 
 

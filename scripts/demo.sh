@@ -14,15 +14,9 @@ cmake --build --preset windows --target Tallyrun TallyrunPractice ftp demo_clerk
 
 demo=$PWD/build/demo
 rm -rf "$demo"
-mkdir -p "$demo"
-cp -r samples/program samples/work samples/import samples/exchange "$demo"
 # The shipped program, but for the address that it has built in.
-cp build/windows/practice/Tallyrun.exe "$demo/program"
-# The settings are text of the system code page, and Wine has the whole file system as drive Z.
+scripts/workplace.sh "$demo" build/windows/practice/Tallyrun.exe
 folder=Z:${demo//\//\\}
-backup_location=$(iconv -t CP1252 <<<"$folder\\work\\")
-settings=$(<samples/program/Tallyrun.ini)
-printf %s "${settings//@BACKUP_LOCATION@/"$backup_location"}" >"$demo/program/Tallyrun.ini"
 
 port=$(sed -n 's/^TALLYRUN_PRACTICE_PORT:STRING=//p' build/windows/CMakeCache.txt)
 /usr/bin/python3 practice/exchange.py "$demo/exchange" --port "$port" --port-file "$demo/port" \
