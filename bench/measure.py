@@ -93,8 +93,8 @@ class Windows:
         run(HERE.parent / "scripts" / "workplace.sh", self.place, build / "Tallyrun.exe")
 
     def measure(self, taken):
-        text = run(WINE, self.build / "tests" / "windows_tests.exe",
-                   "--gtest_filter=LargeSheetTest.*", TALLYRUN_SHEET_ROWS=SHEET_ROWS)
+        text = run(WINE, self.build / "tests" / "large_sheet_tests.exe",
+                   TALLYRUN_SHEET_ROWS=SHEET_ROWS)
         marked = [line.split(" ", 1)[1] for line in text.splitlines() if line.startswith("figure ")]
         taken.add(figures("\n".join(marked)))
         program = "Z:" + str(self.place / "program" / "Tallyrun.exe").replace("/", "\\")

@@ -15,7 +15,7 @@ scripts/setup.sh mawk sqlite3 libbenchmark-dev
 cmake --preset bench >/dev/null
 cmake --build build/bench --target generate day limit micro | tail -n 1
 cmake --preset windows >/dev/null
-cmake --build build/windows --target Tallyrun windows_tests start_time | tail -n 1
+cmake --build build/windows --target Tallyrun large_sheet_tests start_time | tail -n 1
 
 memory=/dev/shm
 [[ -w $memory ]] || memory=${TMPDIR:-/tmp}
@@ -23,7 +23,7 @@ data=$(mktemp -d -p "$memory" tallyrun-bench.XXXXXX)
 export WINEPREFIX=$PWD/build/wineprefix
 # A screen in memory also where there is a display: what the clerk does there is not to be measured.
 source scripts/screen.sh
-open_screen
+open_screen 1920x1080
 clean_up() {
   stop_manager
   wineserver --kill || true
