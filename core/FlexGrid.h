@@ -79,6 +79,10 @@ class FlexGrid {
     if (value == CellValue::Empty) return true;
     return pool_.AnyBlankText() && !IsNumber(value) && IsBlankText(TextOf(value));
   }
+  // Fetches what TextOf looks at, for a text that is wanted a little later.
+  void PrefetchText(CellValue value) const {
+    pool_.PrefetchView(static_cast<std::uint32_t>(value));
+  }
   // False when no cell's text can have a CR LF in it.
   bool AnyLineEndInTexts() const { return pool_.AnyLineEnd(); }
 

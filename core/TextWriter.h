@@ -2,6 +2,7 @@
 // size is written without ever standing in memory whole.
 #pragma once
 
+#include <array>
 #include <charconv>
 #include <cstddef>
 #include <cstdint>
@@ -26,7 +27,10 @@ class TextWriter {
   void Append(std::string_view text) {
     if (text.size() > Room()) {
       HandOn();
-      if (text.size() > Room()) return sink_(text);
+      if (text.size() > Room()) {
+        handedOn_ += text.size();
+        return sink_(text);
+      }
     }
     std::memcpy(end_, text.data(), text.size());
     end_ += text.size();
@@ -42,6 +46,27 @@ class TextWriter {
   void Append(char character) {
     if (Room() == 0) HandOn();
     *end_++ = character;
+  }
+
+  // How many bytes were appended so far.
+  std::uint64_t Position() const { return handedOn_ + static_cast<std::size_t>(end_ - Begin()); }
+
+  // Appends again what was appended from one position to another. False, and nothing is appended,
+  // when that is not in the buffer any more or the buffer is nearly full.
+  bool AppendAgain(std::uint64_t from, std::uint64_t to) {
+    using Step = std::array<char, 32>;
+    const auto size = static_cast<std::size_t>(to - from);
+    if (from < handedOn_ || Room() < size + sizeof(Step)) return false;
+    const char* source = Begin() + (from - handedOn_);
+    char* const end = end_ + size;
+    // Steps of fixed length: the last one goes past the end, and may read what it is to write.
+    for (; end_ < end; end_ += sizeof(Step), source += sizeof(Step)) {
+      Step step;
+      std::memcpy(&step, source, sizeof step);
+      std::memcpy(end_, &step, sizeof step);
+    }
+    end_ = end;
+    return true;
   }
 
   void AppendNumber(std::uint32_t number) {
@@ -75,16 +100,18 @@ class TextWriter {
   static constexpr std::size_t kBlanks = 64;
 
   std::size_t Room() const { return static_cast<std::size_t>(buffer_.get() + kBytes - end_); }
+  const char* Begin() const { return buffer_.get(); }
   void HandOn() {
-    const char* const begin = buffer_.get();
-    const std::string_view text(begin, static_cast<std::size_t>(end_ - begin));
+    const std::string_view text(Begin(), static_cast<std::size_t>(end_ - Begin()));
     end_ = buffer_.get();
+    handedOn_ += text.size();
     sink_(text);
   }
 
   const TextSink& sink_;
   std::unique_ptr<char[]> buffer_;
   char* end_;
+  std::uint64_t handedOn_ = 0;  // bytes
 };
 
 }  // namespace tallyrun
