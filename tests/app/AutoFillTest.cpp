@@ -1,8 +1,8 @@
 #include <gmock/gmock.h>
 
 #include "app/AutoFill.h"
-#include "core/RuntimeError.h"
 #include "tests/support/EntrySheetFixture.h"
+#include "tests/support/ErrorOf.h"
 #include "tests/support/GridText.h"
 
 namespace tallyrun::testing {
@@ -90,12 +90,7 @@ TEST_F(AutoFillTest, RowsWithoutDateOrAccountTakeNoNumberButAreComparedWith) {
 
 TEST_F(AutoFillTest, ABadTradeDateEndsThePassAtItsRow) {
   FillRows(grid, {Typed("5-3-2010", "C1"), Typed("soon", "C2"), Typed("5-3-2010", "C3")});
-  try {
-    FillAutoFields(grid, {2010, 3, 8});
-    FAIL() << "no error";
-  } catch (const RuntimeError& error) {
-    EXPECT_EQ(error.Kind(), ErrorKind::TypeMismatch);
-  }
+  EXPECT_EQ(ErrorOf([&] { FillAutoFields(grid, {2010, 3, 8}); }), "Type mismatch");
   EXPECT_THAT(ColumnOf(grid, EntryColumn::kInternalRef), ElementsAre("I1234560503101", "", ""));
   EXPECT_THAT(ColumnOf(grid, EntryColumn::kBoName), ElementsAre("ANN ALDER", "BEN BIRCH", ""));
 }

@@ -109,6 +109,10 @@ TEST_F(CellRulesTest, ARefusedTextLeavesTheRowAndGoesOnBeingEdited) {
     EXPECT_EQ(text, "15a");
     EXPECT_EQ(RowsOf(grid), std::vector<std::string>{Before()});
   }
+  Settings = {};  // never loaded: there is no length that a BOID may have
+  std::string text = "1";
+  EXPECT_FALSE(CommitCellText(grid, 1, EntryColumn::kBoId, text, false));
+  EXPECT_EQ(platform.TakeMessage().text, "BOID length can not be greater than 0.");
 }
 
 TEST_F(CellRulesTest, EditorsStartWithTheCellOrElseWithTheCellAbove) {

@@ -5,7 +5,6 @@
 
 #include "core/Application.h"
 #include "gmock/gmock.h"
-#include "resources/ResourceIds.h"
 
 namespace tallyrun {
 namespace {
@@ -56,19 +55,6 @@ TEST(ResourceTest, VersionIsTheOneThatCaptionsShow) {
   EXPECT_EQ(HIWORD(info.dwFileVersionLS), kRevision);
   EXPECT_EQ(info.dwFileVersionMS, info.dwProductVersionMS);
   EXPECT_EQ(info.dwFileVersionLS, info.dwProductVersionLS);
-}
-
-TEST(ResourceTest, IconHasTheSizesOfTitleBarTaskBarAndFolder) {
-  HINSTANCE self = GetModuleHandleA(nullptr);
-  for (int size : {16, 20, 24, 32, 40, 48, 64, 256}) {
-    HICON icon = static_cast<HICON>(
-        LoadImageA(self, MAKEINTRESOURCEA(TALLYRUN_ICON), IMAGE_ICON, size, size, 0));
-    ASSERT_NE(icon, nullptr) << size;
-    DestroyIcon(icon);
-  }
-  const std::string directory = ResourceBytes(TALLYRUN_ICON, RT_GROUP_ICON);
-  ASSERT_GE(directory.size(), 6u);
-  EXPECT_EQ(directory[4], 8);  // the number of sizes, none left to stretching
 }
 
 }  // namespace

@@ -18,7 +18,6 @@ const std::string kSending = kIdle + "...Sending records to KTX...Please wait.";
 constexpr char kNotThere[] = "550 The system cannot find the file specified.";
 constexpr char kStored[] = "226 Transfer complete.";
 constexpr char kEntryFile[] = "05-Jan-2010_PI_123456.txt";
-constexpr char kArchived[] = "05-Jan-2010_PI_123456_06-Jan-10_04-12-55PM.txt";
 
 class frmMainSendTest : public MainWindowFixture {
  protected:
@@ -72,18 +71,6 @@ class frmMainSendTest : public MainWindowFixture {
   std::function<void()> onTransfer;
   std::vector<std::string> captions;  // at every box and every transfer
 };
-
-TEST_F(frmMainSendTest, APayInDayIsCheckedSentAndArchived) {
-  Send({kNotThere, kStored});
-  EXPECT_THAT(captions, ElementsAre(kIdle, "transfer: " + kSending, "transfer: " + kSending,
-                                    kIdle + "...Records sent to KTX successfully."));
-  EXPECT_EQ(platform.messages[0].title, "Pay In of 05-Jan-2010 Send Confirmation");
-  EXPECT_EQ(platform.messages[1].title, "Send succeeded");
-  EXPECT_EQ(ReadWholeFile(folder.Path() + kEntryFile),
-            ReadWholeFile(folder.Path() + "Sent\\" + kArchived));
-  EXPECT_FALSE(FileExists(folder.Path() + "ftp2KTX.txt"));
-  ExpectIdle();
-}
 
 TEST_F(frmMainSendTest, EveryStopPutsCaptionAndPointerBack) {
   const auto set = [this](int col, const char* text) {

@@ -112,16 +112,6 @@ TEST_F(GridFileTest, IsWrittenAsATildeTableWhoseLastCellGainsACarriageReturnWith
   EXPECT_EQ(GridToText(grid), text + "\r");
 }
 
-TEST_F(GridFileTest, CellsAreTrimmedAndAShortLineLeavesTheRestEmpty) {
-  grid.SetColWidth(0, 2000);
-  grid.SetColWidth(1, 100);
-  ASSERT_TRUE(Load("only\r\n 1 ~\t2 ~  ~ 4\r \r\n\r\n7~8765\n"));
-  EXPECT_EQ(grid.Text(0, 1), "BO ID");
-  EXPECT_THAT(RowsOf(grid), ElementsAre("1|\t2||4\r", "|||", "7|8765\n||"));
-  EXPECT_EQ(grid.ColWidth(0), 2000);
-  EXPECT_EQ(grid.ColWidth(1), 5 * 100 + kCellMargin);
-}
-
 TEST_F(GridFileTest, AFaultIsToldAndStopsTheLoadThere) {
   EXPECT_FALSE(Load("a~b~c~d\r\n1~2~3~4~5\r\n6~7~8~9"));
   EXPECT_EQ(platform.TakeMessage(),

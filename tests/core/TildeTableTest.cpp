@@ -66,6 +66,7 @@ TEST(TildeTableTest, ReadsAndWritesAsAPlainLoopDoes) {
     for (FlexGrid* each : {&grid, &expected}) {
       each->SetCols(cols);
       each->SetRows(2);
+      each->SetColWidth(0, 2000);
       each->SetText(1, 0, "1");
     }
     const std::string error = ErrorOf([&] { ReadPlainly(text, expected); });

@@ -129,6 +129,7 @@ TEST_F(TransferE2e, EachTroubleIsToldAndTheNextSendIsAsGoodAsTheFirst) {
   } troubles[] = {{"refuse-login", false, kTallyrun, "File not found", false},
                   {"refuse-login", true, kTallyrun, kAlreadySent, false},
                   {"refuse-upload", true, kFailed, kNotSent, false},
+                  {"drop-upload", false, kFailed, kNotSent, false},
                   {"full", false, kFailed, kNotSent, false},
                   {"lowercase-replies", false, kFailed, kNotSent, true},
                   {"", true, kSucceeded, kSent, true}};

@@ -1,5 +1,4 @@
-#include <sstream>
-
+#include "core/modFileIO.h"
 #include "holding/CheckHoldings.h"
 #include "tests/support/GridText.h"
 #include "tests/support/ProgramFixture.h"
@@ -28,16 +27,15 @@ struct CheckHoldingsTest : ProgramFixture {
   }
 
   // Rows written "BO ID,ISIN,quantity".
-  void Fill(const std::vector<std::string>& rows) {
-    grid.SetRows(static_cast<int>(rows.size()) + 1);
-    for (int row = 1; row < grid.Rows(); ++row) {
-      std::istringstream cells(rows[static_cast<std::size_t>(row) - 1]);
-      for (const int col : {EntryColumn::kBoId, EntryColumn::kIsinCode, EntryColumn::kQuantity}) {
-        std::string cell;
-        std::getline(cells, cell, ',');
-        grid.SetText(row, col, cell);
-      }
+  void Fill(const std::vector<std::string>& texts) {
+    std::vector<std::string> rows;
+    for (const std::string& text : texts) {
+      const auto cells = Split(text, ",");
+      rows.push_back(EntryCells({{EntryColumn::kBoId, cells[0]},
+                                 {EntryColumn::kIsinCode, cells[1]},
+                                 {EntryColumn::kQuantity, cells[2]}}));
     }
+    FillRows(grid, rows);
   }
   bool CheckAgainst(const std::string& file) {
     folder.Write("11DPA6UX.TXT", file);

@@ -1,9 +1,7 @@
 // The settings dialog as a real window.
 #include "settings/frmSettings.h"
-#include "settings/frmSettingsIds.h"
 #include "tests/support/FormDriver.h"
 #include "tests/support/ProgramFixture.h"
-#include "ui/MessageLoop.h"
 
 namespace tallyrun::testing {
 namespace {
@@ -46,17 +44,6 @@ TEST_F(frmSettingsTest, BrowseTakesTheFolderAndCancelKeepsTheTypedOne) {
   platform.folders.push_back("C:\\chosen");
   ClickOn(form.btnSetBackupLocation);
   EXPECT_EQ(form.txtBackupPath.Text(), "C:\\chosen");
-}
-
-TEST_F(frmSettingsTest, OpensAtStartUpWithNoOwnerAndReturnsWhenClosed) {
-  form.Unload();
-  const Meanwhile closeIt([] {
-    const HWND dialog = FindWindowA(frmSettingsIds::kWindowClass, nullptr);
-    if (dialog == nullptr || !IsWindowVisible(dialog)) return false;
-    return PostMessageA(dialog, WM_CLOSE, 0, 0) != FALSE;
-  });
-  OpenSettingsDialog();
-  EXPECT_EQ(FindWindowA(frmSettingsIds::kWindowClass, nullptr), nullptr);
 }
 
 }  // namespace

@@ -22,16 +22,9 @@ namespace {
 
 enum ControlId { kGridId = 100, kEditorId };
 
-FormOptions SmallForm() {
-  FormOptions options;
-  options.width = 500;
-  options.height = 300;
-  return options;
-}
-
 class GridForm : public Form {
  public:
-  GridForm() : Form("GridFormTest", SmallForm()) {}
+  GridForm() : Form("GridFormTest", {.width = 500, .height = 300}) {}
 
   FlexGridControl flxGrid;
   TextBox txtOther;
@@ -55,32 +48,15 @@ class FlexGridControlTest : public ::testing::Test {
   static constexpr int kCols = 8;
   static constexpr int kColWidth = 1500;  // twips
 
-  // Coming to the front takes seconds where nobody manages windows: one form serves all tests.
-  static void SetUpTestSuite() {
-    form = new GridForm;
-    form->Show();
-  }
-  static void TearDownTestSuite() {
-    form->Unload();
-    delete std::exchange(form, nullptr);
-  }
-
   FlexGridControlTest() {
-    for (Event<KeyEvent&>* event : {&control_.KeyDown, &control_.KeyPress}) event->Clear();
-    control_.MouseUp.Clear();
-    control_.DblClick.Clear();
-    control_.Scroll.Clear();
+    form_.Show();
     control_.SetFocus();
-    grid_.SetRows(1);
     grid_.SetCols(kCols);
     for (int col = 0; col < kCols; ++col) {
       grid_.SetText(0, col, "Caption " + std::to_string(col));
       grid_.SetColWidth(col, kColWidth);
     }
-    grid_.SetLeftCol(0);
     LoadRows(100);
-    grid_.SetRow(1);
-    grid_.SetCol(0);
     control_.Redraw();
   }
 
@@ -120,8 +96,7 @@ class FlexGridControlTest : public ::testing::Test {
     return client;
   }
 
-  static inline GridForm* form = nullptr;
-  GridForm& form_ = *form;
+  GridForm form_;
   FlexGridControl& control_ = form_.flxGrid;
   FlexGrid& grid_ = control_.Grid();
 };

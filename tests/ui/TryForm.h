@@ -46,16 +46,11 @@ class TryForm : public Form {
   }
 
   void Layout(LayoutArea& area) override {
-    const int edge = area.Scale(spacing::kEdge);
-    const int row = area.BoxHeight();
-    const int width = area.Width() - 2 * edge;
-    int y = edge;
+    int y = 0;
     for (Control* control : Controls()) {
-      const int height = control == &list ? area.Scale(60) : row;
-      area.Place(*control, {edge, y, width, height});
-      y += height;
+      area.Place(*control, {10, y, area.Width() - 20, area.BoxHeight()});
+      y += area.BoxHeight();
     }
-    area.SetMinimum(area.Scale(200), y + edge);
   }
 
   void Form_Load() override { onLoad(); }

@@ -43,19 +43,6 @@ TEST(WindowsPlatformTest, AChosenFileLeavesTheCurrentDirectoryAlone) {
   EXPECT_EQ(platform.AskForFile(request), std::nullopt);
 }
 
-TEST(WindowsPlatformTest, RunsABatchFileWhosePathHasBlanksAndGivesItsExitCode) {
-  TempFolder folder;
-  folder.Write("R & D (new)\\run it.bat",
-               "@echo off\r\ncd /d \"%~dp0\"\r\necho done>out.txt\r\nexit 7\r\n");
-  WindowsPlatform platform;
-  const auto process =
-      platform.StartProcess(folder / "R & D (new)\\run it.bat", WindowMode::Hidden);
-  std::optional<unsigned long> code;
-  ASSERT_TRUE(PumpUntil([&] { return (code = process->ExitCode()).has_value(); }));
-  EXPECT_EQ(code, 7u);
-  EXPECT_TRUE(folder.Has("R & D (new)\\out.txt"));
-}
-
 TEST(WindowsPlatformTest, AMissingProgramIsFileNotFound) {
   EXPECT_EQ(ErrorOf([] {
               WindowsPlatform().StartProcess("no-such-program-here one", WindowMode::NormalFocus);

@@ -5,6 +5,5 @@ list(APPEND windows_tests
   ui/FlexGridControlTest.cpp
   ui/FocusTest.cpp
   ui/FormTest.cpp
-  ui/KeysTest.cpp
   ui/WindowsPlatformTest.cpp
 )
