@@ -116,6 +116,13 @@ class FlexGrid {
     if (begun.cell_ != CellValue::Empty || begun.key_.text.empty()) return begun.cell_;
     return static_cast<CellValue>(pool_.Intern(begun.key_));
   }
+  // Steps in between, each fetching what the next will look at.
+  void PrefetchEntry(const Interning& begun) const {
+    if (begun.cell_ == CellValue::Empty) pool_.PrefetchEntry(begun.key_);
+  }
+  void PrefetchText(const Interning& begun) const {
+    if (begun.cell_ == CellValue::Empty) pool_.PrefetchText(begun.key_);
+  }
   // A row's cells by column and a column's cells by row, for a pass that handles many: checked
   // once, and good until rows or columns are set. A pass that writes marks the grid as changed.
   CellsOfRow<const CellValue> RowCells(int row) const {

@@ -26,6 +26,9 @@ TEST(SeparatorScanTest, FindsEveryPlaceThatALookAtEachByteFinds) {
     ForEachSeparator(text, '|', '\n', [&](std::size_t place) { found.push_back(place); });
     EXPECT_EQ(found, expected);
     EXPECT_EQ(CountLineEnds(text), lineEnds);
+    const std::size_t from = random() % (text.size() + 1);
+    EXPECT_EQ(FindSeparator(text, from, '|', '\n'),
+              std::min(text.size(), std::string_view(text).find_first_of("|\n", from)));
   }
 }
 
