@@ -26,7 +26,9 @@ void AddAccount(DemoDay& day) {
   day.Main().Click(frmMainIds::kBtnList);
   day.Say("   window \"" + List(day).Caption() + "\"");
   day.TakePicture("list-of-bos");
-  List(day).Click(kBtnAdd);  // opens the editor on the new row's BO ID
+  List(day).Click(kBtnAdd);
+  // Add opens the editor on the new row's BO ID; Enter before that has happened would close it.
+  Await([&] { return List(day).IsVisible(kTxtEditor); }, "No editor opens over the new row.");
   EditCurrentCell(day, List(day), kTxtEditor, "98765", "new-bo-id");
   PressKey(VK_RIGHT);
   EditCurrentCell(day, List(day), kTxtEditor, "Amity Wrenfield", "new-bo-name");
