@@ -31,18 +31,10 @@ TEST_F(AutoFillTest, FillsEverythingThatFollowsFromTheTypedCells) {
 }
 
 TEST_F(AutoFillTest, UnknownCodesClearWhatStoodThere) {
-  FillRows(grid, {EntryCells({{EntryColumn::kTradeDate, "05-Jan-2010"},
-                              {EntryColumn::kClientCode, "NOBODY"},
-                              {EntryColumn::kBoId, "1201950000000001"},
-                              {EntryColumn::kScripId, "NOTHING"},
-                              {EntryColumn::kIsinCode, "KX0001000011"},
-                              {EntryColumn::kInternalRef, "kept"}})});
+  FillRows(grid, {"1|||05-Jan-2010||NOBODY|1201950000000001||NOTHING|KX0001000011|||kept"});
   FillAutoFields(grid, {2010, 1, 7});
-  EXPECT_EQ(grid.Text(1, EntryColumn::kBoId), "");
-  EXPECT_EQ(grid.Text(1, EntryColumn::kBoName), "BO NAME NOT FOUND");
-  EXPECT_EQ(grid.Text(1, EntryColumn::kIsinCode), "");
-  EXPECT_EQ(grid.Text(1, EntryColumn::kIsinName), "ISIN NAME NOT FOUND");
-  EXPECT_EQ(grid.Text(1, EntryColumn::kInternalRef), "kept");
+  EXPECT_THAT(RowsOf(grid), ElementsAre("1|123456|1201950000009999|05-Jan-2010|07-Jan-2010|NOBODY||"
+                                        "BO NAME NOT FOUND|NOTHING||ISIN NAME NOT FOUND||kept"));
 }
 
 TEST_F(AutoFillTest, WhatWasFoundOnceIsForgottenWithTheListAndTheSheet) {

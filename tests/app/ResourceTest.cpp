@@ -30,19 +30,6 @@ TEST(ResourceTest, ManifestAsksForControlsScalingAndNoMore) {
   EXPECT_THAT(manifest, Not(HasSubstr("<activeCodePage")));
 }
 
-TEST(ResourceTest, ManifestBringsTheThemedControls) {
-  // Two libraries answer to this name; the one that the manifest asks for lies in a folder of its
-  // own among the side-by-side assemblies.
-  HMODULE controls = LoadLibraryA("comctl32.dll");
-  ASSERT_NE(controls, nullptr);
-  std::string path(MAX_PATH, '\0');
-  path.resize(GetModuleFileNameA(controls, path.data(), MAX_PATH));
-  FreeLibrary(controls);
-  CharLowerA(path.data());
-  EXPECT_THAT(path, HasSubstr("\\winsxs\\"));
-  EXPECT_THAT(path, HasSubstr("common-controls"));
-}
-
 TEST(ResourceTest, VersionIsTheOneThatCaptionsShow) {
   const std::string version = ResourceBytes(VS_VERSION_INFO, RT_VERSION);
   const std::string signature = "\xBD\x04\xEF\xFE";

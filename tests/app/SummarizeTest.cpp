@@ -21,22 +21,14 @@ class SummarizeTest : public EntrySheetFixture {
 };
 
 TEST_F(SummarizeTest, ARunCollapsesIntoItsFirstRow) {
-  FillRows(grid, {
-                     Row("1", "first", "A", "X", "100"),
-                     Row("2", "second", "A", "X", "50"),
-                     Row("3", "third", "A", "X", " 2.5e1 "),
-                     Row("4", "", "A", "Y", "7"),
-                     Row("5", "", "a", "Y", "8"),
-                     Row("6", "", "B", "", "-1"),
-                     Row("7", "", "B", "", "1"),
-                 });
+  FillRows(grid,
+           {Row("1", "first", "A", "X", "100"), Row("2", "second", "A", "X", "50"),
+            Row("3", "third", "A", "X", " 2.5e1 "), Row("4", "", "A", "Y", "7"),
+            Row("5", "", "a", "Y", "8"), Row("6", "", "B", "", "-1"), Row("7", "", "B", "", "1")});
   MergeEqualEntries(grid);
   EXPECT_EQ(RowsOf(grid), (std::vector<std::string>{
-                              Row("1", "first", "A", "X", "175"),
-                              Row("2", "", "A", "Y", "7"),
-                              Row("3", "", "a", "Y", "8"),
-                              Row("4", "", "B", "", "0"),
-                          }));
+                              Row("1", "first", "A", "X", "175"), Row("2", "", "A", "Y", "7"),
+                              Row("3", "", "a", "Y", "8"), Row("4", "", "B", "", "0")}));
 }
 
 struct ErrorCase {

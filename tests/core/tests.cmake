@@ -3,7 +3,6 @@ list(APPEND portable_tests
   core/FlexGridTest.cpp
   core/GridGeometryTest.cpp
   core/GridRowsTest.cpp
-  core/LineBlocksTest.cpp
   core/RadixSortTest.cpp
   core/RowChecksTest.cpp
   core/SeparatorScanTest.cpp

@@ -10,13 +10,6 @@ namespace {
 
 using namespace frmMainIds;
 
-// One line of a trade file: what the program reads of it, among what it does not.
-std::string Trade(const std::string& scrip, const std::string& side, const std::string& quantity,
-                  const std::string& client, const std::string& date) {
-  return "230001|" + scrip + "|A|" + side + "|" + quantity + "|99.90|" + client +
-         "|D01|10:00:00|N|" + date + "|410275";
-}
-
 constexpr char kCaptions[] =
     "S/N~Broker ID~Clearing BOID~Trade Date~Delivery Date~Client Code~BO ID~BO Name~Scrip ID~"
     "ISIN Code~ISIN Name~Quantity~Internal Ref. No.\r\n";

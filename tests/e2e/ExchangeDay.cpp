@@ -26,11 +26,8 @@ void ExchangeDay::Start() {
 void ExchangeDay::ImportDay(const std::string& mode) {
   const std::string name = "import\\" + mode + "_05-01-2010.txt";
   const std::string side = mode == "payin" ? "S" : "B";
-  const auto trade = [&](const std::string& scrip, const std::string& quantityToClient) {
-    return "230001|" + scrip + "|A|" + side + "|" + quantityToClient +
-           "|D01|10:00:00|N|03-01-2010|410275\r\n";
-  };
-  place_->Write(name, trade("ALDERCEM", "300|10.00|O101") + trade("BALTOIL", "200|10.00|S102"));
+  place_->Write(name, Trade("ALDERCEM", side, "300", "O101", "03-01-2010") + "\r\n" +
+                          Trade("BALTOIL", side, "200", "S102", "03-01-2010") + "\r\n");
   Import(*clerk_, File(name));
   Main().Click(kBtnAutoFields);
 }

@@ -11,6 +11,12 @@ using namespace frmMainIds;
 
 OpenWindow MainWindow(const ClerkDriver& clerk) { return clerk.Window("Tallyrun v1.0 : Pay "); }
 
+std::string Trade(const std::string& scrip, const std::string& side, const std::string& quantity,
+                  const std::string& client, const std::string& date) {
+  return "230001|" + scrip + "|A|" + side + "|" + quantity + "|99.90|" + client +
+         "|D01|10:00:00|N|" + date + "|410275";
+}
+
 void Import(ClerkDriver& clerk, const std::string& path) {
   MainWindow(clerk).Click(kBtnLoadFromBTFile);
   clerk.ChooseFile("Choose Text FIle", path);

@@ -11,6 +11,10 @@ namespace tallyrun::testing {
 // The main window, whatever its mode.
 OpenWindow MainWindow(const ClerkDriver& clerk);
 
+// One line of a trade file: what the program reads of it, among what it does not.
+std::string Trade(const std::string& scrip, const std::string& side, const std::string& quantity,
+                  const std::string& client, const std::string& date);
+
 // Chooses a trade file that lies in the workplace.
 void Import(ClerkDriver& clerk, const std::string& path);
 void Summarize(ClerkDriver& clerk);

@@ -6,13 +6,12 @@
 namespace tallyrun::testing {
 namespace {
 
-// Ends when `polls` comes to 0.
 struct CountedProcess : Process {
   explicit CountedProcess(int& left) : polls(left) {}
   std::optional<unsigned long> ExitCode() override {
     return polls-- > 0 ? std::optional<unsigned long>() : 1;
   }
-  int& polls;
+  int& polls;  // it ends when this comes to 0
 };
 
 struct ShellAndWaitTest : ::testing::Test {
