@@ -1,7 +1,7 @@
 #!/usr/bin/env python3
 """Runs everything that is measured in turn, round after round, and prints what it took.
 
-measure.py NATIVE WINDOWS DATA ROUNDS: NATIVE and WINDOWS are the two build folders; DATA is an empty
+measure.py NATIVE WINDOWS DATA ROUNDS: NATIVE and WINDOWS are the build folders; DATA is an empty
 folder for the files. What is compared is the median of all rounds. Every peer's files must be byte
 for byte ours, or nothing is printed. A bar that falls short is said, and is no failure.
 """
@@ -59,7 +59,7 @@ def require_same(ours, theirs):
 
 
 class Day:
-    """The day's work on generated files, ours, the peers' and the machine's plain reads and writes."""
+    """The day's work on generated files, ours, the peers' and plain reads and writes."""
 
     def __init__(self, native, data):
         self.native = native
