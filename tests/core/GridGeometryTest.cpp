@@ -105,6 +105,7 @@ TEST_F(GridGeometryTest, OnePaintReadsTheDirtyCellsInSightAlone) {
   ScrollTo({50, 3});
   EXPECT_EQ(cellsRead({0, 0, sizes.clientWidth, sizes.clientHeight}), 11 * 4);
   EXPECT_EQ(cellsRead({150, 30, 60, 20}), 2 * 2);
+  EXPECT_EQ(cellsRead(Geometry().CellBounds(52, 4)), 1);
   EXPECT_EQ(cellsRead({0, 0, 350, 24}), 0) << "the header is no cell";
 }
 

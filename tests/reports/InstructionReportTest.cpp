@@ -21,6 +21,13 @@ struct InstructionReport : ProgramFixture {
   }
 };
 
+TEST(PadText, CutsOrFillsToTheWidth) {
+  EXPECT_EQ(PadText("", 3), "   ");
+  EXPECT_EQ(PadText("ab", 4), "ab  ");
+  EXPECT_EQ(PadText("ab", 4, true), "  ab");
+  EXPECT_EQ(PadText("abcdef", 4, true), "abcd");
+}
+
 TEST_F(InstructionReport, PayInIsWrittenByteForByteAndOpened) {
   BuildPayInReport(grid);
   EXPECT_EQ(folder.Read("PAY-IN INSTRUCTIONS"), Golden("pay-in.txt"));
