@@ -50,8 +50,9 @@ std::string RandomTable(std::mt19937& random) {
   std::string text;
   for (auto left = random() % (random() % 50 == 0 ? 30'000 : 60); left > 0; --left)
     // Lines repeat what stands above, or nearly.
-    text += random() % 8 == 0 ? text.substr(text.size() - std::min(text.size(), random() % 60))
-                              : kPieces[random() % std::size(kPieces)];
+    text += random() % 8 == 0
+                ? text.substr(text.size() - std::min<std::size_t>(text.size(), random() % 60))
+                : kPieces[random() % std::size(kPieces)];
   return text;
 }
 
