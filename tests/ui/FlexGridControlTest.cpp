@@ -165,6 +165,7 @@ TEST_F(FlexGridControlTest, RightClicksKeepTheBlockTheyFallInto) {
 }
 
 TEST_F(FlexGridControlTest, KeysMoveTheCurrentCellUnlessTheFormTakesThem) {
+  const int page = grid_.PageRows();
   const struct {
     int key;
     bool shift, control;
@@ -177,6 +178,11 @@ TEST_F(FlexGridControlTest, KeysMoveTheCurrentCellUnlessTheFormTakesThem) {
       {VK_UP, false, false, {1, 0}, {1, 0}},
       {VK_END, false, true, {100, kCols - 1}, {100, kCols - 1}},
       {VK_HOME, false, true, {1, 0}, {1, 0}},
+      {VK_NEXT, false, false, {1 + page, 0}, {1 + page, 0}},
+      {VK_PRIOR, false, false, {1, 0}, {1, 0}},
+      {VK_END, false, false, {1, kCols - 1}, {1, kCols - 1}},
+      {VK_LEFT, false, false, {1, kCols - 2}, {1, kCols - 2}},
+      {VK_HOME, false, false, {1, 0}, {1, 0}},
   };
   for (const auto& each : cases) {
     Key(each.key, each.shift, each.control);
