@@ -83,8 +83,9 @@ TEST_F(FormTest, AModalFormDisablesTheOthersUntilItIsClosed) {
     form.ShowModal(&owner);
     log.push_back("after");
   };
-  owner.Show();
   bystander.Show();
+  owner.Show();
+  ASSERT_TRUE(PumpUntil([&] { return GetActiveWindow() == owner.Handle(); }));
   {
     const Meanwhile closeIt([&] {
       if (!form.IsLoaded() || !IsWindowVisible(form.Handle())) return false;
