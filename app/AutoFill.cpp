@@ -47,12 +47,21 @@ class InternalRefNumbering {
     }
     lastGroup_ = group_;
     lastTradeDate_ = tradeDates_[row];
-    number_.resize(groupBegin_);
-    number_ += std::to_string(group_);
+    SetGroup(group_);
     // A sheet that is filled again mostly has this number already.
     CellScratch scratch;
-    return SameText(grid_.View(numbers_[row], scratch), number_) ? numbers_[row]
-                                                                 : grid_.Intern(number_);
+    if (SameText(grid_.View(numbers_[row], scratch), number_)) return numbers_[row];
+    const CellValue number = grid_.Intern(number_);
+    // One that is most likely to come soon is looked for meanwhile.
+    constexpr int kGroupsAhead = 8;
+    SetGroup(group_ + kGroupsAhead);
+    FlexGrid::Interning(grid_, number_);
+    return number;
+  }
+
+  void SetGroup(int group) {
+    number_.resize(groupBegin_);
+    number_ += std::to_string(group);
   }
 
   FlexGrid& grid_;
@@ -95,14 +104,22 @@ void FillAutoFields(FlexGrid& grid, const Date& deliveryDay) {
   const auto scripIds = grid.ColumnCells(EntryColumn::kScripId);
   const auto isinCodes = grid.ColumnCells(EntryColumn::kIsinCode);
   const auto isinNames = grid.ColumnCells(EntryColumn::kIsinName);
+  // In a sorted sheet the rows of an account stand together; what the next accounts lead to is
+  // fetched on the way to them.
+  constexpr std::size_t kNear = 64;
+  constexpr std::size_t kFar = 128;
+  const auto beginsAccount = [&clientCodes](std::size_t row) {
+    return row < clientCodes.size() && clientCodes[row] != clientCodes[row - 1];
+  };
   CodeAndName account;
   for (std::size_t row = 1; row < serials.size(); ++row) {
+    if (beginsAccount(row + kFar)) lookups.PrefetchAccountOf(clientCodes[row + kFar]);
+    if (beginsAccount(row + kNear)) lookups.PrefetchTextsOf(clientCodes[row + kNear]);
     serials[row] = fitted(EntryColumn::kSerial, NumberCell(static_cast<int>(row)));
     deliveryDates[row] = deliveryDate;
     brokerIds[row] = brokerId;
     clearingBoids[row] = clearingBoid;
-    // In a sorted sheet the rows of an account stand together.
-    if (row == 1 || clientCodes[row] != clientCodes[row - 1]) {
+    if (row == 1 || beginsAccount(row)) {
       account = lookups.AccountOf(clientCodes[row]);
       fitter.Fit(EntryColumn::kBoId, account.code);
       fitter.Fit(EntryColumn::kBoName, account.name);

@@ -41,6 +41,18 @@ void RowLookups::Memo::Keep(CellValue key, const CodeAndName& answer) {
   }
 }
 
+void RowLookups::Memo::Prefetch(CellValue key) const {
+  const auto place = static_cast<std::size_t>(key);
+  if (place < texts_.size()) __builtin_prefetch(&texts_[place]);
+}
+
+void RowLookups::PrefetchTextsOf(CellValue clientCode) const {
+  const CodeAndName known = answers_.accounts.At(clientCode);
+  if (known.code == kUnknown) return;
+  grid_.PrefetchText(known.code);
+  grid_.PrefetchText(known.name);
+}
+
 RowLookups::RowLookups(FlexGrid& grid) : grid_(grid), answers_(AnswersFor(grid)) {}
 
 RowLookups::Answers& RowLookups::AnswersFor(const FlexGrid& grid) {

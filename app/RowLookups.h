@@ -25,6 +25,10 @@ class RowLookups {
     const CodeAndName known = answers_.accounts.At(clientCode);
     return known.code != kUnknown ? known : LookUpAccount(clientCode);
   }
+  // Fetch what AccountOf looks at, and then the texts that it answers with, for a client code that
+  // is asked a little later.
+  void PrefetchAccountOf(CellValue clientCode) const { answers_.accounts.Prefetch(clientCode); }
+  void PrefetchTextsOf(CellValue clientCode) const;
   // Takes the answer for a client code from whoever has found it.
   void KeepAccount(CellValue clientCode, const CodeAndName& account) {
     answers_.accounts.Keep(clientCode, account);
@@ -45,6 +49,7 @@ class RowLookups {
    public:
     CodeAndName At(CellValue key) const;
     void Keep(CellValue key, const CodeAndName& answer);
+    void Prefetch(CellValue key) const;
 
    private:
     static constexpr std::uint32_t kLargeNumber = 1u << 20;

@@ -47,6 +47,12 @@ class KeyColumn {
     return key_.descending ? Compare(right, left) : Compare(left, right);
   }
 
+  // Fetches what a comparison with this row will look at.
+  void Prefetch(std::size_t row) const {
+    const auto text = static_cast<std::size_t>(cells_[row]);
+    if (text < places_.size()) __builtin_prefetch(&places_[text]);
+  }
+
  private:
   std::uint32_t PlaceOf(CellValue value) const {
     const auto text = static_cast<std::size_t>(value);  // a number's is past all texts
@@ -73,6 +79,7 @@ class KeyColumn {
 
 bool IsSorted(const FlexGrid& grid, const std::vector<SortKey>& keys) {
   const bool isKnown = knownPlaces.AreOf(grid, keys);
+  if (keys.empty()) return true;
   std::vector<KeyColumn> columns;
   for (std::size_t key = 0; key < keys.size(); ++key) {
     columns.push_back({grid, keys[key],
@@ -80,7 +87,9 @@ bool IsSorted(const FlexGrid& grid, const std::vector<SortKey>& keys) {
                                : std::span<const std::uint32_t>()});
   }
   const auto rows = static_cast<std::size_t>(grid.Rows());
+  constexpr std::size_t kAhead = 64;
   for (std::size_t row = 2; row < rows; ++row) {
+    if (isKnown && row + kAhead < rows) columns.front().Prefetch(row + kAhead);
     for (const KeyColumn& column : columns) {
       const int order = column.CompareWithRowBefore(row);
       if (order > 0) return false;
