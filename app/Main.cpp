@@ -3,8 +3,6 @@
 
 #include <commctrl.h>
 
-#include <objbase.h>
-
 #include "app/frmMain.h"
 #include "core/ErrorTrap.h"
 #include "core/Settings.h"
@@ -14,20 +12,6 @@
 
 namespace tallyrun {
 namespace {
-
-// The folder picker needs COM for as long as the program runs.
-class ComScope {
- public:
-  ComScope() : initialized_(SUCCEEDED(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED))) {}
-  ~ComScope() {
-    if (initialized_) CoUninitialize();
-  }
-  ComScope(const ComScope&) = delete;
-  ComScope& operator=(const ComScope&) = delete;
-
- private:
-  bool initialized_;
-};
 
 void Main(frmMain& window) {
   RunTrapped([&] {
@@ -45,7 +29,6 @@ int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
                                                               ICC_LISTVIEW_CLASSES |
                                                               ICC_BAR_CLASSES};
   InitCommonControlsEx(&controls);
-  const ComScope com;
   WindowsPlatform platform;
   SetPlatform(&platform);
   frmMain window;

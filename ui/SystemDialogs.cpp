@@ -29,7 +29,7 @@ struct ItemListTraits {
 };
 using UniqueItemList = UniqueHandle<ItemListTraits>;
 
-// The new style of the folder picker needs OLE on the thread.
+// The dialogs need OLE on the thread.
 class OleScope {
  public:
   OleScope() : result_(OleInitialize(nullptr)) {}
@@ -53,6 +53,7 @@ int CALLBACK SelectStartFolder(HWND picker, UINT message, LPARAM, LPARAM startFo
 }  // namespace
 
 std::optional<std::string> ChooseFile(HWND owner, const FileDialogRequest& request) {
+  const OleScope ole;
   const std::string filters = FilterText(request.filters);
   std::vector<char> path(kLongestPath, '\0');
   OPENFILENAMEA dialog = {};
