@@ -52,8 +52,6 @@ void frmMain::CreateControls() {
   btnSearch.Create(*this, kBtnSearch, "Search");
   chkFreeEntry.Create(*this, kChkFreeEntry, "Free Entry",
                       "Check to enter anything anywhere in the above table.");
-  txtEditor.Create(*this, kTxtEditor);
-  dtpDate.Create(*this, kDtpDate);
   flxEntries.Create(*this, kFlxEntries);
   btnAutoFields.Create(*this, kBtnAutoFields, "Auto-Fill",
                        "Fill the automatic fields i.e. Broker ID, Clearing BOID, Deliver Date, "
@@ -65,8 +63,6 @@ void frmMain::CreateControls() {
   btnList.Create(*this, kBtnList, "List");
   btnSettings.Create(*this, kBtnSettings, "Settings", "Go to settings.");
   btnExit.Create(*this, kBtnExit, "Exit");
-  txtEditor.SetVisible(false);
-  dtpDate.SetVisible(false);
 }
 
 void frmMain::ConnectHandlers() {
@@ -218,8 +214,7 @@ void frmMain::Form_Unload() {
 void frmMain::Form_Resize() { HideCellEditors(); }
 
 void frmMain::SetupEntryGrid() {
-  const Date today = DateOf(ThePlatform().Now());
-  dtpDate.SetValue(today);
+  dayOfStart_ = DateOf(ThePlatform().Now());
 
   FlexGrid& grid = Grid();
   grid.SetRows(2);
@@ -237,8 +232,7 @@ void frmMain::SetupEntryGrid() {
 
   SkipNextLoad = false;
   optPayIn.SetValue(true);
-  dtpDate.SetValue(today);
-  dtpPayInOrPayOut.SetValue(today);
+  dtpPayInOrPayOut.SetValue(dayOfStart_);
 }
 
 void frmMain::Form_KeyUp(KeyEvent& key) {

@@ -101,6 +101,7 @@ class frmMain : public Form {
 
   void AddRowAtTradeDate();
   void ShowCellEditor();
+  void CreateCellEditors();
   void CommitCellEditor();
   void WriteDateIntoCell();
   void HideCellEditors();
@@ -143,6 +144,7 @@ class frmMain : public Form {
   int copyRow_ = 0;           // the row last copied from; 0 when none was
   std::string savedCaption_;  // what the caption comes back to after progress texts
   int sendsRunning_ = 0;
+  Date dayOfStart_;  // what the date editor stands on before its first cell
 };
 
 }  // namespace tallyrun

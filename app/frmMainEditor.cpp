@@ -1,6 +1,7 @@
 // The main window's cell editors: a text box and a date picker laid over the current cell.
 #include "app/CellRules.h"
 #include "app/frmMain.h"
+#include "app/frmMainIds.h"
 #include "core/GridRows.h"
 #include "ui/CellEditor.h"
 
@@ -34,6 +35,7 @@ void frmMain::ShowCellEditor() {
   const int row = Grid().Row();
   const int col = Grid().Col();
   if (row < 1) return;  // a sheet without rows has no cell to edit
+  CreateCellEditors();
   HideCellEditors();
   if (IsDateColumn(col)) {
     if (const std::optional<Date> date = EditorDateFor(Grid(), row, col)) dtpDate.SetValue(*date);
@@ -41,6 +43,19 @@ void frmMain::ShowCellEditor() {
   } else {
     ShowOverCell(flxEntries, txtEditor, EditorTextFor(Grid(), row, col));
   }
+}
+
+// Made with the first edit, as the system makes a calendar with every date picker, and the start
+// need not wait for it. They lie over the sheet.
+void frmMain::CreateCellEditors() {
+  if (txtEditor.Handle() != nullptr) return;
+  txtEditor.Create(*this, frmMainIds::kTxtEditor);
+  txtEditor.SetVisible(false);
+  txtEditor.PutBehind(chkFreeEntry);
+  dtpDate.Create(*this, frmMainIds::kDtpDate);
+  dtpDate.SetVisible(false);
+  dtpDate.PutBehind(txtEditor);
+  dtpDate.SetValue(dayOfStart_);
 }
 
 void frmMain::txtEditor_KeyPress(KeyEvent& key) {

@@ -17,6 +17,13 @@ Control* focused = nullptr;
 // same, but where they are kept by another process each message has to ask it.
 std::unordered_map<HWND, Control*> controlsByWindow;
 
+bool HasBorder(HWND window) {
+  constexpr LONG kBorders = WS_BORDER | WS_DLGFRAME | WS_THICKFRAME | WS_HSCROLL | WS_VSCROLL;
+  constexpr LONG kEdges = WS_EX_CLIENTEDGE | WS_EX_STATICEDGE | WS_EX_WINDOWEDGE;
+  return (GetWindowLongA(window, GWL_STYLE) & kBorders) != 0 ||
+         (GetWindowLongA(window, GWL_EXSTYLE) & kEdges) != 0;
+}
+
 // The window that has the keyboard, or the one a calendar or menu dropped down from.
 HWND ActiveFormWindow() {
   const HWND active = GetActiveWindow();
@@ -128,9 +135,12 @@ LRESULT Control::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       RaiseKeyUp(key);
       return key.handled ? 0 : Default(message, wParam, lParam);
     }
+    case WM_NCPAINT:
+      // Most controls are all client area; fetching a device context to draw no border adds up.
+      return HasBorder(window_) ? Default(message, wParam, lParam) : 0;
     case WM_SETCURSOR:
-      // The mouse is over it: soon enough for a tip, which start-up need not wait for.
-      if (!hasTip_ && !toolTip_.empty()) {
+      // The mouse has come: soon enough for a tip, which start-up need not wait for.
+      if (!hasTip_ && !toolTip_.empty() && form_->PointerHasMoved()) {
         hasTip_ = true;
         form_->ShowToolTip(*this);
       }
@@ -201,6 +211,10 @@ PixelRect Control::Bounds() const {
   return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
 }
 
+void Control::PutBehind(const Control& other) {
+  SetWindowPos(window_, other.window_, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
+}
+
 void Control::Move(const PixelRect& bounds) {
   if (window_ == nullptr) return;
   SetWindowPos(window_, nullptr, bounds.x, bounds.y, bounds.width, WindowHeightFor(bounds.height),
@@ -218,7 +232,8 @@ void Control::SetFontFace(const std::string& face) {
 }
 
 void Control::ApplyFont(HFONT font) {
-  if (window_ != nullptr) SendMessageA(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), TRUE);
+  if (window_ == nullptr) return;
+  SendMessageA(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), IsWindowVisible(window_));
 }
 
 }  // namespace tallyrun

@@ -71,6 +71,10 @@ class Control {
   // Pixels of the parent's client area.
   PixelRect Bounds() const;
   void Move(const PixelRect& bounds);
+  // Lies right under `other` from now on and comes after it by Tab.
+  void PutBehind(const Control& other);
+  // The form is about to show: what was put off until the first paint is better done unseen.
+  virtual void OnShowing() {}
   // The window's height when it is laid out `height` pixels high; drop-downs differ.
   virtual int WindowHeightFor(int height) { return height; }
 

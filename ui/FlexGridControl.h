@@ -48,6 +48,7 @@ class FlexGridControl : public Control, private FlexGridObserver {
   void ApplyFont(HFONT font) override;
 
  protected:
+  void OnShowing() override { FollowGrid(); }
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 
  private:

@@ -83,8 +83,17 @@ void Form::Load() {
 
 void Form::Show() {
   Load();
-  ShowWindow(window_, IsIconic(window_) ? SW_RESTORE : SW_SHOW);
+  GetCursorPos(&pointerAtShow_);
+  for (Control* control : controls_) control->OnShowing();
+  if (IsIconic(window_)) {
+    ShowWindow(window_, SW_RESTORE);
+  } else {
+    // Each control is erased right before it is painted, not all of them now.
+    SetWindowPos(window_, HWND_TOP, 0, 0, 0, 0,
+                 SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW | SWP_DEFERERASE);
+  }
   SetForegroundWindow(window_);
+  RedrawWindow(window_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
 
 void Form::ShowModal(Form* owner) {

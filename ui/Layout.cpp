@@ -41,9 +41,8 @@ int LayoutArea::DateWidth() const { return TextWidth("00-MMM-0000") + Scale(40);
 
 void LayoutArea::Place(Control& control, const PixelRect& bounds) {
   if (control.Handle() == nullptr) return;
-  placements_.push_back({&control,
-                         {bounds.x, bounds.y, std::max(bounds.width, 0),
-                          control.WindowHeightFor(std::max(bounds.height, 0))}});
+  placements_.push_back(
+      {&control, {bounds.x, bounds.y, std::max(bounds.width, 0), std::max(bounds.height, 0)}});
 }
 
 void LayoutArea::SetMinimum(int width, int height) { minimum_ = {width, height}; }
@@ -51,25 +50,27 @@ void LayoutArea::SetMinimum(int width, int height) { minimum_ = {width, height};
 void LayoutArea::Apply() {
   // A batch may only hold windows of one parent.
   std::map<HWND, std::vector<const Placement*>> byParent;
-  for (const Placement& placement : placements_) {
+  for (Placement& placement : placements_) {
     // Most controls stay where they are when the window grows or the mode changes.
     if (placement.control->Bounds() == placement.bounds) continue;
+    placement.bounds.height = placement.control->WindowHeightFor(placement.bounds.height);
     byParent[GetParent(placement.control->Handle())].push_back(&placement);
   }
+  // What comes free is erased when it is painted, once, and not with each move.
+  constexpr UINT flags = SWP_NOZORDER | SWP_NOACTIVATE | SWP_DEFERERASE;
   for (const auto& [parent, placed] : byParent) {
     HDWP batch = BeginDeferWindowPos(static_cast<int>(placed.size()));
     for (const Placement* placement : placed) {
       const PixelRect& to = placement->bounds;
       if (batch != nullptr) {
         batch = DeferWindowPos(batch, placement->control->Handle(), nullptr, to.x, to.y, to.width,
-                               to.height, SWP_NOZORDER | SWP_NOACTIVATE);
+                               to.height, flags);
       }
     }
     if (batch != nullptr && EndDeferWindowPos(batch) != FALSE) continue;
     for (const Placement* placement : placed) {
       const PixelRect& to = placement->bounds;
-      SetWindowPos(placement->control->Handle(), nullptr, to.x, to.y, to.width, to.height,
-                   SWP_NOZORDER | SWP_NOACTIVATE);
+      SetWindowPos(placement->control->Handle(), nullptr, to.x, to.y, to.width, to.height, flags);
     }
   }
 }

@@ -3,6 +3,7 @@
 
 #include <algorithm>
 #include <functional>
+#include <stdexcept>
 #include <string>
 
 #include "core/Conversion.h"
@@ -37,8 +38,10 @@ class Meanwhile {
 template <class C = Control>
 C& ControlOf(const Form& form, int id) {
   const auto& all = form.Controls();
-  return static_cast<C&>(
-      **std::find_if(all.begin(), all.end(), [id](Control* each) { return each->Id() == id; }));
+  const auto found =
+      std::find_if(all.begin(), all.end(), [id](Control* each) { return each->Id() == id; });
+  if (found == all.end()) throw std::out_of_range("no control " + std::to_string(id));
+  return static_cast<C&>(**found);
 }
 
 // Presses and releases the left mouse button in the middle of the control, and handles it.
