@@ -15,7 +15,7 @@ class BufferedPaint {
     static const HRESULT ready = BufferedPaintInit();
     if (FAILED(ready)) return;
     HDC buffer = nullptr;
-    paint_ = BeginBufferedPaint(target, &area, BPBF_COMPATIBLEBITMAP, nullptr, &buffer);
+    paint_ = BeginBufferedPaint(target, &area, BPBF_TOPDOWNDIB, nullptr, &buffer);
     if (paint_ != nullptr) dc_ = buffer;
   }
   ~BufferedPaint() {

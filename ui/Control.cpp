@@ -13,8 +13,7 @@ bool KeyIsDown(int key) { return GetKeyState(key) < 0; }
 
 Control* focused = nullptr;
 
-// The controls by their windows. Window properties and the system's own subclassing would say the
-// same, but where they are kept by another process each message has to ask it.
+// The controls by their windows.
 std::unordered_map<HWND, Control*> controlsByWindow;
 
 bool HasBorder(HWND window) {
@@ -76,11 +75,7 @@ void Control::CreateControl(ControlParent& parent, const char* windowClass, cons
   if (window == nullptr) throw RuntimeError(ErrorKind::OutOfMemory);
   window_ = window;
   controlsByWindow[window] = this;
-  // In the wide form where the class has it, so that its messages stay as they are.
-  isWide_ = IsWindowUnicode(window) != FALSE;
-  const auto ours = reinterpret_cast<LONG_PTR>(&WindowProc);
-  classProc_ = reinterpret_cast<WNDPROC>(isWide_ ? SetWindowLongPtrW(window, GWLP_WNDPROC, ours)
-                                                 : SetWindowLongPtrA(window, GWLP_WNDPROC, ours));
+  classProc_.Precede(window, &WindowProc);
   hasTip_ = false;
   form_->Adopt(*this);
 }
@@ -95,7 +90,7 @@ LRESULT CALLBACK Control::WindowProc(HWND window, UINT message, WPARAM wParam,
   Control* const self = FromHandle(window);
   if (message == WM_NCDESTROY) {
     self->WindowGone();
-    return self->CallClass(window, message, wParam, lParam);
+    return self->classProc_.Call(window, message, wParam, lParam);
   }
   return RunGuarded([&] { return self->OnMessage(message, wParam, lParam); });
 }
@@ -108,12 +103,7 @@ void Control::WindowGone() {
 }
 
 LRESULT Control::Default(UINT message, WPARAM wParam, LPARAM lParam) {
-  return window_ == nullptr ? 0 : CallClass(window_, message, wParam, lParam);
-}
-
-LRESULT Control::CallClass(HWND window, UINT message, WPARAM wParam, LPARAM lParam) const {
-  return isWide_ ? CallWindowProcW(classProc_, window, message, wParam, lParam)
-                 : CallWindowProcA(classProc_, window, message, wParam, lParam);
+  return window_ == nullptr ? 0 : classProc_.Call(window_, message, wParam, lParam);
 }
 
 LRESULT Control::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {

@@ -9,6 +9,7 @@
 
 #include <string>
 
+#include "ui/ClassProc.h"
 #include "ui/Event.h"
 
 namespace tallyrun {
@@ -108,13 +109,11 @@ class Control {
  private:
   static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam,
                                      LPARAM lParam) noexcept;
-  LRESULT CallClass(HWND window, UINT message, WPARAM wParam, LPARAM lParam) const;
   void RaiseKeyUp(KeyEvent& key);
   void WindowGone();
 
   HWND window_ = nullptr;
-  WNDPROC classProc_ = nullptr;  // of the window's class
-  bool isWide_ = false;          // whether that takes wide text
+  ClassProc classProc_;
   Form* form_ = nullptr;
   int id_ = 0;
   std::string toolTip_;

@@ -3,13 +3,32 @@
 #include <commctrl.h>
 
 #include "core/RuntimeError.h"
+#include "ui/BufferedPaint.h"
+#include "ui/ClassProc.h"
+#include "ui/Handles.h"
 
 namespace tallyrun {
+namespace {
+
+ClassProc headerClass;  // the same for every header
+
+// Draws like the rows below: into a back buffer, so that nothing flickers while a column is
+// dragged.
+LRESULT CALLBACK HeaderProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+  if (message != WM_PAINT) return headerClass.Call(window, message, wParam, lParam);
+  const PaintScope paint(window);
+  const BufferedPaint buffer(paint.Dc(), paint.Dirty());
+  return headerClass.Call(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(buffer.Dc()),
+                          PRF_CLIENT | PRF_ERASEBKGND);
+}
+
+}  // namespace
 
 void GridHeader::Create(HWND grid) {
   window_ = CreateWindowExA(0, WC_HEADERA, "", WS_CHILD | WS_VISIBLE | HDS_HORZ | HDS_FULLDRAG, 0,
                             0, 0, 0, grid, nullptr, GetModuleHandleA(nullptr), nullptr);
   if (window_ == nullptr) throw RuntimeError(ErrorKind::OutOfMemory);
+  headerClass.Precede(window_, &HeaderProc);
 }
 
 void GridHeader::Forget() {
