@@ -75,7 +75,10 @@ std::string OpenWindow::Text(int id) const { return TextOf(Control(id)); }
 
 bool OpenWindow::IsEnabled(int id) const { return IsWindowEnabled(Control(id)); }
 
-bool OpenWindow::IsVisible(int id) const { return IsWindowVisible(Control(id)); }
+bool OpenWindow::IsVisible(int id) const {
+  const HWND control = FindControl(id);
+  return control != nullptr && IsWindowVisible(control);
+}
 
 bool OpenWindow::IsChecked(int id) const {
   return AskWindow(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED;

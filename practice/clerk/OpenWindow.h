@@ -24,7 +24,7 @@ class OpenWindow {
   bool HasControl(int id) const;
   std::string Text(int id) const;
   bool IsEnabled(int id) const;
-  bool IsVisible(int id) const;
+  bool IsVisible(int id) const;  // false also for a control that is not there yet
   bool IsChecked(int id) const;
 
   // Clicks in the middle of the control once it is visible and enabled.

@@ -242,6 +242,24 @@ TEST_F(FlexGridControlTest, EveryWayOfScrollingIsReportedAtOnce) {
   EXPECT_EQ(reports, 0) << "nothing moved";
 }
 
+TEST_F(FlexGridControlTest, TheHeaderDrawsItsCaptions) {
+  constexpr int kWidth = 40;
+  const auto inkOf = [&](const char* caption) {
+    grid_.SetText(0, 1, caption);
+    control_.Redraw();
+    const int left = control_.CellBounds(1, 1).left;
+    const HDC screen = GetDC(Header());
+    int dark = 0;
+    for (int x = left + 2; x < left + kWidth; ++x) {
+      for (int y = 2; y < 14; ++y) dark += GetGValue(GetPixel(screen, x, y)) < 0x80;
+    }
+    ReleaseDC(Header(), screen);
+    return dark;
+  };
+  EXPECT_EQ(inkOf(""), 0);
+  EXPECT_GT(inkOf("MMM"), 20);
+}
+
 TEST_F(FlexGridControlTest, OneChangeOrManyCauseOnePaint) {
   const auto needsPaint = [&] { return GetUpdateRect(control_.Handle(), nullptr, FALSE) != FALSE; };
   ASSERT_FALSE(needsPaint());
