@@ -74,9 +74,4 @@ void CellTable::ReorderRows(std::span<const std::uint32_t> order) {
   }
 }
 
-void CellTable::ReleaseUnused() {
-  const std::size_t stride = StrideFor(rows_);
-  if (stride < stride_ / 4) MoveTo(stride, cols_);
-}
-
 }  // namespace tallyrun

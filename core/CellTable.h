@@ -31,7 +31,8 @@ class CellsOfRow {
 // Rows and columns count from 0 and are not checked.
 class CellTable {
  public:
-  // New cells are empty. Raises what a failed allocation raises, and leaves all as it was.
+  // New cells are empty. Rows that go leave their room to those that come: a sheet that was large
+  // once will be again. Raises what a failed allocation raises, and leaves all as it was.
   void SetRows(std::size_t rows);
   void SetCols(std::size_t cols);
   // Room for as many rows, so that growing to them moves nothing.
@@ -41,9 +42,6 @@ class CellTable {
   // Puts the rows behind row 0 into a new order: row 1 + i becomes what row order[i] was. `order`
   // holds each of them once.
   void ReorderRows(std::span<const std::uint32_t> order);
-  // Gives back what much larger contents left behind. Happens at most once per quartering, so that
-  // taking rows off one by one stays cheap.
-  void ReleaseUnused();
 
   std::size_t Rows() const { return rows_; }
   std::size_t Cols() const { return cols_; }

@@ -29,7 +29,7 @@ void FlexGrid::SetRows(int rows) {
   const bool shrinks = rows < Rows();
   cells_.SetRows(static_cast<std::size_t>(rows));
   DrawInside(topRow_);
-  if (shrinks) ReleaseUnused();
+  if (shrinks) ForgetUnusedTexts();
 }
 
 void FlexGrid::SetCols(int cols) {
@@ -38,7 +38,7 @@ void FlexGrid::SetCols(int cols) {
   cells_.SetCols(static_cast<std::size_t>(cols));
   colWidths_.resize(static_cast<std::size_t>(cols), kDefaultColWidth);
   DrawInside(topRow_);
-  ReleaseUnused();
+  ForgetUnusedTexts();
 }
 
 void FlexGrid::RemoveRows(int first, int last) {
@@ -56,7 +56,7 @@ void FlexGrid::RemoveRows(int first, int last) {
     }
   }
   DrawInside(top);
-  ReleaseUnused();
+  ForgetUnusedTexts();
 }
 
 std::string FlexGrid::Text(int row, int col) const {
@@ -201,23 +201,26 @@ void FlexGrid::DrawInside(int topRow) {
   SetLeftCol(leftCol_);
 }
 
-// Gives back what a much larger sheet left behind, its texts included.
-void FlexGrid::ReleaseUnused() {
-  cells_.ReleaseUnused();
+// Once most of the pool's texts stand in no cell any more, it begins anew with those that do.
+void FlexGrid::ForgetUnusedTexts() {
   if (pool_.Size() <= kSmallPool || pool_.Size() / 4 <= cells_.Size()) return;
-  TextPool pool;
-  CellTable cells;
-  cells.SetCols(cells_.Cols());
-  cells.SetRows(cells_.Rows());
-  for (std::size_t col = 0; col < cells.Cols(); ++col) {
-    for (std::size_t row = 0; row < cells.Rows(); ++row) {
-      const CellValue cell = cells_.At(row, col);
-      cells.At(row, col) =
-          IsNumber(cell) ? cell : static_cast<CellValue>(pool.Intern(TextOf(cell)));
+  TextPool used;
+  const auto forEachText = [this](auto take) {
+    for (std::size_t col = 0; col < cells_.Cols(); ++col) {
+      for (CellValue& cell : cells_.Column(col)) {
+        if (!IsNumber(cell)) take(cell);
+      }
     }
+  };
+  forEachText([&](CellValue cell) { used.Intern(TextOf(cell)); });
+  forEachText([&](CellValue& cell) { cell = static_cast<CellValue>(used.Intern(TextOf(cell))); });
+  try {
+    // The same texts in the same order have the same numbers in the pool that has the room.
+    pool_.Clear();
+    for (TextPool::Id id = 1; id < used.Size(); ++id) pool_.Intern(used.View(id));
+  } catch (...) {
+    pool_ = std::move(used);
   }
-  pool_ = std::move(pool);
-  cells_ = std::move(cells);
 }
 
 }  // namespace tallyrun

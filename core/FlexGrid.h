@@ -205,7 +205,7 @@ class FlexGrid {
   void RequireEveryRowOnce(const std::vector<std::uint32_t>& order) const;
   int MaxTopRow() const;
   void DrawInside(int topRow);
-  void ReleaseUnused();
+  void ForgetUnusedTexts();
 
   CellTable cells_;
   TextPool pool_;

@@ -1,5 +1,6 @@
 #include "core/TextPool.h"
 
+#include <algorithm>
 #include <cstring>
 #include <limits>
 
@@ -15,16 +16,27 @@ constexpr char kNoText[kReadableBehindText + 1] = {};
 
 TextPool::TextPool() : slots_(kFirstSlots) { entries_.push_back({kNoText, 0}); }
 
+void TextPool::Clear() {
+  edition_ = NewEdition();
+  entries_.resize(1);
+  std::fill(slots_.begin(), slots_.end(), Slot{});
+  longTexts_.clear();
+  usedBlocks_ = 0;
+  free_ = nullptr;
+  freeBytes_ = 0;
+  anyLineEnd_ = false;
+  anyBlankText_ = false;
+}
+
 const char* TextPool::Store(std::string_view text) {
+  if (text.size() > kBlockBytes / 4) {
+    longTexts_.push_back(std::make_unique<char[]>(text.size() + kReadableBehindText));
+    return static_cast<const char*>(std::memcpy(longTexts_.back().get(), text.data(), text.size()));
+  }
   if (text.size() + kReadableBehindText > freeBytes_) {
-    const bool isLong = text.size() > kBlockBytes / 4;
-    const std::size_t bytes = isLong ? text.size() + kReadableBehindText : kBlockBytes;
-    blocks_.push_back(std::make_unique<char[]>(bytes));
-    if (isLong) {  // a block of its own; the one in use stays in use
-      return static_cast<const char*>(std::memcpy(blocks_.back().get(), text.data(), text.size()));
-    }
-    free_ = blocks_.back().get();
-    freeBytes_ = bytes;
+    if (usedBlocks_ == blocks_.size()) blocks_.push_back(std::make_unique<char[]>(kBlockBytes));
+    free_ = blocks_[usedBlocks_++].get();
+    freeBytes_ = kBlockBytes;
   }
   char* const stored = free_;
   std::memcpy(stored, text.data(), text.size());

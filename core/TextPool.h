@@ -1,5 +1,5 @@
 // Every distinct text stored once and known by a number: equal texts have equal numbers, so rows
-// are compared and copied as numbers. Texts are never taken out; the pool is dropped whole.
+// are compared and copied as numbers. Texts are never taken out; the pool is emptied whole.
 #pragma once
 
 #include <cstddef>
@@ -44,7 +44,9 @@ class TextPool {
   // likely the text itself.
   void PrefetchEntry(const TextKey& key) const { PrefetchView(IdNear(key)); }
   void PrefetchText(const TextKey& key) const { __builtin_prefetch(View(IdNear(key)).data()); }
-  // The text stays where it is for as long as the pool lives; kReadableBehindText bytes behind it
+  // Takes out every text, and keeps the room for new ones.
+  void Clear();
+  // The text stays where it is until the pool is emptied; kReadableBehindText bytes behind it
   // can be read.
   std::string_view View(Id id) const { return {entries_[id].text, entries_[id].length}; }
   // Fetches what View looks at, for a text that is viewed a little later.
@@ -81,8 +83,10 @@ class TextPool {
 
   std::uint64_t edition_ = NewEdition();
   std::vector<Entry> entries_;
-  std::vector<Slot> slots_;  // open addressing; of all but the empty text
-  std::vector<std::unique_ptr<char[]>> blocks_;
+  std::vector<Slot> slots_;                         // open addressing; of all but the empty text
+  std::vector<std::unique_ptr<char[]>> blocks_;     // of one size, filled one after the other
+  std::vector<std::unique_ptr<char[]>> longTexts_;  // each too long for a block
+  std::size_t usedBlocks_ = 0;
   char* free_ = nullptr;
   std::size_t freeBytes_ = 0;
   bool anyLineEnd_ = false;

@@ -151,14 +151,22 @@ TEST(FlexGrid, ForgetsTheTextsOfALargeSheetThatIsCleared) {
   FlexGrid grid;
   Fill(grid, 20'000, 2);
   ASSERT_GT(grid.DistinctTexts(), 40'000u);
+  const std::string longText(70'000, 'x');
+  grid.SetText(2, 1, longText);
   // Row by row, as merging rows upward does: the texts that stay must survive every rebuild.
   while (grid.Rows() > 3) grid.SetRows(grid.Rows() - 1);
   EXPECT_LT(grid.DistinctTexts(), 2'000u);
   EXPECT_EQ(grid.Text(0, 1), "r0c1");
+  EXPECT_EQ(grid.Text(2, 1), longText);
   grid.SetCols(1);
   grid.SetCols(2);
   grid.SetRows(4);
   EXPECT_EQ(RowsOf(grid), (Texts{"r1c0|", "r2c0|", "|"})) << "what comes back is empty";
+
+  Fill(grid, 30'000, 2);  // into the room of the first, and beyond
+  EXPECT_EQ(grid.Text(1, 0), "r1c0");
+  EXPECT_EQ(grid.Text(29'999, 1), "r29999c1");
+  EXPECT_EQ(grid.DistinctTexts(), 60'004u) << "each once, the empty and the long one too";
 }
 
 TEST(FlexGrid, StoresRepeatedTextsAndNumbersOnce) {
