@@ -17,6 +17,7 @@
 namespace {
 
 constexpr DWORD kPatience = 60'000;  // milliseconds
+constexpr int kAttempts = 3;         // Wine fails to make a process once in many hundred times
 
 [[noreturn]] void Fail(const std::string& program, const char* what) {
   std::fprintf(stderr, "start_time: %s %s (error %lu)\n", program.c_str(), what, GetLastError());
@@ -56,10 +57,12 @@ double Start(const std::string& program, const std::string& windowClass) {
   STARTUPINFOA startup = {};
   startup.cb = sizeof startup;
   PROCESS_INFORMATION process = {};
-  const auto begin = std::chrono::steady_clock::now();
-  if (!CreateProcessA(program.c_str(), nullptr, nullptr, nullptr, FALSE, 0, nullptr, folder.c_str(),
-                      &startup, &process)) {
-    Fail(program, "does not start");
+  auto begin = std::chrono::steady_clock::now();
+  for (int attempt = 1; !CreateProcessA(program.c_str(), nullptr, nullptr, nullptr, FALSE, 0,
+                                        nullptr, folder.c_str(), &startup, &process);
+       ++attempt) {
+    if (attempt == kAttempts) Fail(program, "does not start");
+    begin = std::chrono::steady_clock::now();
   }
   WaitForInputIdle(process.hProcess, kPatience);
   HWND window = nullptr;
