@@ -85,13 +85,7 @@ void Form::Show() {
   Load();
   GetCursorPos(&pointerAtShow_);
   for (Control* control : controls_) control->OnShowing();
-  if (IsIconic(window_)) {
-    ShowWindow(window_, SW_RESTORE);
-  } else {
-    // Each control is erased right before it is painted, not all of them now.
-    SetWindowPos(window_, HWND_TOP, 0, 0, 0, 0,
-                 SWP_NOMOVE | SWP_NOSIZE | SWP_SHOWWINDOW | SWP_DEFERERASE);
-  }
+  ShowWindow(window_, IsIconic(window_) ? SW_RESTORE : SW_SHOW);
   SetForegroundWindow(window_);
   RedrawWindow(window_, nullptr, nullptr, RDW_UPDATENOW | RDW_ALLCHILDREN);
 }
