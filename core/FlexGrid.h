@@ -55,7 +55,10 @@ class FlexGrid {
   void SetRows(int rows);
   void SetCols(int cols);
   // Room for as many rows, so that growing to them moves nothing. Changes nothing that is seen.
-  void ReserveRows(std::size_t rows) { cells_.ReserveRows(rows); }
+  void ReserveRows(std::size_t rows) {
+    cells_.ReserveRows(rows);
+    pool_.Reserve(rows / kRowsOfText);
+  }
   // Takes out data rows `first` to `last`. What stood on a later row moves up with it; what stood
   // on a removed one comes to stand on the row that took its place.
   void RemoveRows(int first, int last);
@@ -188,6 +191,9 @@ class FlexGrid {
   bool TakeChanges();
 
  private:
+  // A sheet has about one text of its own in as many rows; the others it shares or are numbers.
+  static constexpr std::size_t kRowsOfText = 4;
+
   // One comparison a side, negative numbers included: this stands in every loop over cells.
   void RequireRow(int row) const {
     if (static_cast<unsigned>(row) >= cells_.Rows()) RaiseOutOfRange();

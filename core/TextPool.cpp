@@ -1,6 +1,7 @@
 #include "core/TextPool.h"
 
 #include <algorithm>
+#include <bit>
 #include <cstring>
 #include <limits>
 
@@ -34,7 +35,9 @@ const char* TextPool::Store(std::string_view text) {
     return static_cast<const char*>(std::memcpy(longTexts_.back().get(), text.data(), text.size()));
   }
   if (text.size() + kReadableBehindText > freeBytes_) {
-    if (usedBlocks_ == blocks_.size()) blocks_.push_back(std::make_unique<char[]>(kBlockBytes));
+    if (usedBlocks_ == blocks_.size()) {
+      blocks_.push_back(std::make_unique_for_overwrite<char[]>(kBlockBytes));
+    }
     free_ = blocks_[usedBlocks_++].get();
     freeBytes_ = kBlockBytes;
   }
@@ -54,7 +57,7 @@ TextPool::Id TextPool::Add(const TextKey& key) {
   }
   // Before the text goes in, so that a failed allocation leaves the pool as it was. At most three
   // slots in four are taken.
-  if (entries_.size() * 4 >= slots_.size() * 3) GrowSlots();
+  if (entries_.size() * 4 >= slots_.size() * 3) GrowSlots(slots_.size() * 2);
   const auto id = static_cast<Id>(entries_.size());
   entries_.push_back({Store(text), static_cast<std::uint32_t>(text.size())});
   PutIntoFreeSlot(id, key.hash);
@@ -70,9 +73,14 @@ void TextPool::PutIntoFreeSlot(Id id, std::uint64_t hash) {
   slots_[at] = {static_cast<std::uint32_t>(hash >> 32), id};
 }
 
+void TextPool::Reserve(std::size_t texts) {
+  if (texts * 4 >= slots_.size() * 3) GrowSlots(std::bit_ceil(texts + texts / 2));
+  entries_.reserve(texts);
+}
+
 // The texts are hashed anew, in the order in which they lie in memory.
-void TextPool::GrowSlots() {
-  slots_ = std::vector<Slot>(slots_.size() * 4);
+void TextPool::GrowSlots(std::size_t size) {
+  slots_ = std::vector<Slot>(size);
   for (Id id = 1; id < entries_.size(); ++id) PutIntoFreeSlot(id, TextKey(View(id)).hash);
 }
 

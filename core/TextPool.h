@@ -44,6 +44,8 @@ class TextPool {
   // likely the text itself.
   void PrefetchEntry(const TextKey& key) const { PrefetchView(IdNear(key)); }
   void PrefetchText(const TextKey& key) const { __builtin_prefetch(View(IdNear(key)).data()); }
+  // Room for as many texts.
+  void Reserve(std::size_t texts);
   // Takes out every text, and keeps the room for new ones.
   void Clear();
   // The text stays where it is until the pool is emptied; kReadableBehindText bytes behind it
@@ -76,7 +78,7 @@ class TextPool {
   static std::uint32_t TagOf(const TextKey& key) {
     return static_cast<std::uint32_t>(key.hash >> 32);
   }
-  void GrowSlots();
+  void GrowSlots(std::size_t size);
   void PutIntoFreeSlot(Id id, std::uint64_t hash);
   const char* Store(std::string_view text);
   Id Add(const TextKey& key);
