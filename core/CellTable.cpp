@@ -1,7 +1,10 @@
 #include "core/CellTable.h"
 
 #include <algorithm>
+#include <atomic>
 #include <cstring>
+
+#include "core/TwoThreads.h"
 
 namespace tallyrun {
 namespace {
@@ -65,13 +68,19 @@ void CellTable::RemoveRows(std::size_t first, std::size_t last) {
 
 void CellTable::ReorderRows(std::span<const std::uint32_t> order) {
   if (order.empty()) return;
-  const auto reordered = std::make_unique_for_overwrite<CellValue[]>(order.size());
-  for (std::size_t col = 0; col < cols_; ++col) {
-    const std::span<CellValue> column = Column(col);
-    if (AreAllEqual(column.subspan(1))) continue;
-    for (std::size_t at = 0; at < order.size(); ++at) reordered[at] = column[order[at]];
-    std::copy_n(reordered.get(), order.size(), column.begin() + 1);
-  }
+  // Made before anything moves: a sheet must not be left with some of its columns reordered.
+  constexpr std::size_t kThreads = 2;
+  const auto buffers = std::make_unique_for_overwrite<CellValue[]>(kThreads * order.size());
+  std::atomic<std::size_t> next = 0;
+  ForEachPiece(kThreads, order.size(), [&](std::size_t thread) {
+    const std::span reordered(buffers.get() + thread * order.size(), order.size());
+    for (std::size_t col; (col = next++) < cols_;) {
+      const std::span<CellValue> column = Column(col);
+      if (AreAllEqual(column.subspan(1))) continue;
+      for (std::size_t at = 0; at < order.size(); ++at) reordered[at] = column[order[at]];
+      std::copy(reordered.begin(), reordered.end(), column.begin() + 1);
+    }
+  });
 }
 
 }  // namespace tallyrun

@@ -17,6 +17,8 @@ double SortingNumber(std::string_view text);
 
 class ColumnRanks {
  public:
+  // Of no values; what an array is made of before it is filled.
+  ColumnRanks() = default;
   // Of the data rows of the grid.
   ColumnRanks(const FlexGrid& grid, const SortKey& key);
 

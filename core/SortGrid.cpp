@@ -1,5 +1,6 @@
 #include "core/SortGrid.h"
 
+#include <algorithm>
 #include <bit>
 #include <span>
 #include <string_view>
@@ -10,6 +11,7 @@
 #include "core/EntryRow.h"
 #include "core/GridRows.h"
 #include "core/RadixSort.h"
+#include "core/TwoThreads.h"
 
 namespace tallyrun {
 namespace {
@@ -105,19 +107,26 @@ class RowOrder {
  public:
   RowOrder(const FlexGrid& grid, const std::vector<SortKey>& keys)
       : itemBits_(std::bit_width(static_cast<unsigned>(grid.Rows()))) {
-    for (const SortKey& key : keys) {
-      columns_.push_back({grid.ColumnCells(key.col), ColumnRanks(grid, key)});
-    }
-    for (std::uint64_t row = 1; row < static_cast<std::uint64_t>(grid.Rows()); ++row) {
-      words_.push_back(row);
-    }
+    columns_.resize(keys.size());
+    words_.resize(static_cast<std::size_t>(grid.Rows()) - 1);
+    ForEachPiece(keys.size(), words_.size(), [&](std::size_t key) {
+      columns_[key] = {grid.ColumnCells(keys[key].col), ColumnRanks(grid, keys[key])};
+    });
     KeepWhatOrders();
   }
 
   std::vector<std::uint32_t> Sorted() {
-    for (std::size_t end = kept_.size(); end > 0;) {
+    const std::size_t pieces = (words_.size() + kWordsOfPiece - 1) / kWordsOfPiece;
+    bool isFirst = true;
+    for (std::size_t end = kept_.size(); end > 0; isFirst = false) {
       const std::size_t begin = FirstKeyBefore(end);
-      for (std::uint64_t& word : words_) word = WordOf(RowOf(word), begin, end);
+      ForEachPiece(pieces, words_.size(), [&](std::size_t piece) {
+        const std::size_t first = piece * kWordsOfPiece;
+        const std::size_t last = std::min(words_.size(), first + kWordsOfPiece);
+        for (std::size_t at = first; at < last; ++at) {
+          words_[at] = WordOf(isFirst ? at + 1 : RowOf(words_[at]), begin, end);
+        }
+      });
       RadixSort(words_, itemBits_);
       end = begin;
     }
@@ -182,6 +191,7 @@ class RowOrder {
 
   static constexpr CellValue kNoValue = CellValue{0x7FFFFFFF};  // no text has this number
   static constexpr int kMostBitsToFollow = 22;
+  static constexpr std::size_t kWordsOfPiece = 4096;
 
   const int itemBits_;
   std::vector<Column> columns_;    // by key

@@ -9,6 +9,7 @@ list(APPEND portable_tests
   core/SortGridTest.cpp
   core/TextTableTest.cpp
   core/TildeTableTest.cpp
+  core/TwoThreadsTest.cpp
 )
 list(APPEND portable_tests core/FileTest.cpp)
 list(APPEND portable_tests
