@@ -9,7 +9,6 @@ ListedAccounts::ListedAccounts(FlexGrid& grid, RowLookups& lookups, ColumnFitter
     : grid_(grid),
       lookups_(lookups),
       fitter_(fitter),
-      byClientCode_(BoList.IndexWithoutCr(BoField::kClientCode)),
       cells_(static_cast<std::size_t>(BoList.Count()) + 1) {}
 
 void ListedAccounts::LookUp(std::span<const Unknown> accounts) {

@@ -1,7 +1,7 @@
-// The accounts of the BO list as cells of one sheet, for a pass over a trade file: a line's client
-// code leads to its record, and a record is looked up and put among the sheet's texts once. A
-// hundred thousand accounts do not fit in a processor's nearer caches, so every step here is taken
-// for some lines at a time and fetches what the next one will look at.
+// The accounts of the BO list as cells of one sheet, for a pass over a trade file: each is looked
+// up and put among the sheet's texts once, and found by its record from then on. A hundred thousand
+// accounts do not fit in a processor's nearer caches, so every step here is taken for some lines at
+// a time and fetches what the next one will look at.
 #pragma once
 
 #include <span>
@@ -12,8 +12,6 @@
 #include "core/ColumnFitter.h"
 #include "core/FlexGrid.h"
 #include "core/Lookups.h"
-#include "core/RecordIndex.h"
-#include "core/TextTable.h"
 
 namespace tallyrun {
 
@@ -30,14 +28,8 @@ class ListedAccounts {
 
   ListedAccounts(FlexGrid& grid, RowLookups& lookups, ColumnFitter& fitter);
 
-  // Fetches what Find will look at.
-  void Prefetch(const TextKey& clientCode) const { byClientCode_.Prefetch(clientCode); }
-  // The account's record, or kUnlisted.
-  int Find(const TextKey& clientCode) const {
-    const int record = byClientCode_.Find(clientCode);
-    __builtin_prefetch(&cells_[static_cast<std::size_t>(record)]);
-    return record;
-  }
+  // Fetches what is looked at for the account a little later.
+  void Prefetch(int record) const { __builtin_prefetch(&cells_[static_cast<std::size_t>(record)]); }
   // False while LookUp has not been asked for the record.
   bool IsKnown(int record) const {
     return cells_[static_cast<std::size_t>(record)].clientCode != CellValue::Empty;
@@ -72,7 +64,6 @@ class ListedAccounts {
   FlexGrid& grid_;
   RowLookups& lookups_;
   ColumnFitter& fitter_;
-  const EqualityIndex& byClientCode_;
   std::vector<AccountCells> cells_;  // by record
   std::vector<Sought> sought_;
 };

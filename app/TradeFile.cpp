@@ -5,11 +5,13 @@
 #include <vector>
 
 #include "app/ConfirmLoading.h"
+#include "app/TradeLines.h"
 #include "app/TradeRows.h"
 #include "core/GridRows.h"
 #include "core/LineBlocks.h"
+#include "core/Lists.h"
+#include "core/ReadAhead.h"
 #include "core/RuntimeError.h"
-#include "core/SeparatorScan.h"
 #include "core/modFileIO.h"
 
 namespace tallyrun {
@@ -20,14 +22,14 @@ std::string_view FileNameOf(std::string_view path) {
   return separator == path.npos ? path : path.substr(separator + 1);
 }
 
-void TakeAll(FlexGrid& grid, LineBlocks& blocks, TradeRows& rows) {
-  LineBlock block = blocks.Next();
-  grid.ReserveRows(blocks.LinesToExpect(block) + 1);
-  for (;; block = blocks.Next()) {
-    const auto lines = static_cast<int>(CountLineEnds(block.text)) + 1;
-    grid.SetRows(1 + rows.Filled() + lines);
-    rows.Take(block);
-    if (block.isLast) return;
+void TakeAll(FlexGrid& grid, LineBlocks& blocks, const std::string& side, TradeRows& rows) {
+  TradeReader reader(side, BoList.IndexWithoutCr(BoField::kClientCode));
+  ReadAhead<TradeLines> parts([&](TradeLines& lines) { reader.Read(blocks, lines); });
+  grid.ReserveRows(blocks.LinesToExpect() + 1);
+  while (const TradeLines* const part = parts.Next()) {
+    const int needed = 1 + rows.Filled() + static_cast<int>(part->lines.size());
+    grid.SetRows(std::max(grid.Rows(), needed));
+    rows.Take(*part);
   }
 }
 
@@ -51,9 +53,9 @@ bool LoadTradeFile(FlexGrid& grid, const std::string& path, const std::string& s
   if (!IsGridEmpty(grid) && !ConfirmLoading()) return false;
   ClearEntryGrid(grid);
   LineBlocks blocks(path);
-  TradeRows rows(grid, side);
+  TradeRows rows(grid);
   try {
-    TakeAll(grid, blocks, rows);
+    TakeAll(grid, blocks, side, rows);
   } catch (...) {
     // The rows filled so far stay, those that were never reached go.
     grid.SetRows(std::max(2, rows.Filled() + 1));

@@ -1,65 +1,41 @@
 #include "app/TradeRows.h"
 
-#include <span>
+#include <algorithm>
 
 #include "core/Conversion.h"
 #include "core/EntryRow.h"
-#include "core/SeparatorScan.h"
+#include "core/RuntimeError.h"
 
 namespace tallyrun {
 namespace {
 
-constexpr char kFieldMark = '|';
-
-namespace TradeField {
-constexpr std::uint32_t kScripId = 1;
-constexpr std::uint32_t kSide = 3;
-constexpr std::uint32_t kQuantity = 4;
-constexpr std::uint32_t kClientCode = 6;
-constexpr std::uint32_t kTradeDate = 10;
-static_assert(kTradeDate < TradeLine::kFields);
-}  // namespace TradeField
+void Require(const TradeLine& line, std::size_t field) {
+  if (line.fields <= field) throw RuntimeError(ErrorKind::SubscriptOutOfRange);
+}
 
 }  // namespace
 
-void TradeRows::Take(const LineBlock& block) {
-  const std::string_view text = block.text;
-  TradeLine* line = &lines_[gathered_].line;
-  line->Begin(text, 0);
-  ForEachSeparator(text, kFieldMark, '\n', [&](std::size_t place) {
-    if (text[place] == kFieldMark) {
-      line->End(place);
-    } else if (place > 0 && text[place - 1] == '\r') {
-      line->End(place - 1);
-      EndLine();
-      line = &lines_[gathered_].line;
-      line->Begin(text, place + 1);
+void TradeRows::Take(const TradeLines& lines) {
+  const std::size_t count = lines.lines.size();
+  for (std::size_t begin = 0; begin < count; begin += kTogether) {
+    const std::size_t end = std::min(count, begin + kTogether);
+    for (std::size_t next = end; next < std::min(count, end + kTogether); ++next) {
+      accounts_.Prefetch(lines.lines[next].account);
     }
-  });
-  if (block.isLast) {
-    line->End(text.size());
-    EndLine();
+    FillTogether(lines, begin, end);
   }
-  FillGathered();
 }
 
-void TradeRows::EndLine() {
-  const TradeLine& line = lines_[gathered_].line;
-  if (line.Count() < 2) return;
-  // A line too short to have a side ends the import behind the rows of the lines before it.
-  if (!line.Has(TradeField::kSide)) FillGathered();
-  if (!SameText(line.Field(TradeField::kSide), side_)) return;
-  if (++gathered_ == kGathered) FillGathered();
-}
-
-void TradeRows::FillGathered() {
-  const std::span<Gathered> lines = std::span(lines_).first(gathered_);
-  gathered_ = 0;
-  FindAccountsOf(lines);
-  std::array<Row, kGathered> rows{};
+void TradeRows::FillTogether(const TradeLines& lines, std::size_t begin, std::size_t end) {
+  LookUpAccountsOf(lines, begin, end);
+  std::array<Row, kTogether> rows{};
   std::size_t begun = 0;
   try {
-    for (const Gathered& each : lines) PutTogether(rows[begun++], each);
+    for (std::size_t at = begin; at < end; ++at) {
+      // A line too short to have a side ends the import behind the rows of the lines before it.
+      Require(lines.lines[at], TradeField::kSide);
+      PutTogether(rows[begun++], lines.lines[at], lines.texts[at]);
+    }
   } catch (...) {
     PutIntoGrid(std::span(rows).first(begun));
     throw;
@@ -67,50 +43,55 @@ void TradeRows::FillGathered() {
   PutIntoGrid(std::span(rows).first(begun));
 }
 
-void TradeRows::FindAccountsOf(std::span<Gathered> lines) {
-  for (Gathered& each : lines) {
-    if (!each.line.Has(TradeField::kClientCode)) continue;
-    each.clientCode = TextKey(each.line.Field(TradeField::kClientCode));
-    accounts_.Prefetch(each.clientCode);
-  }
+void TradeRows::LookUpAccountsOf(const TradeLines& lines, std::size_t begin, std::size_t end) {
   unknownAccounts_.clear();
-  for (Gathered& each : lines) {
-    if (!each.line.Has(TradeField::kClientCode)) continue;
-    each.record = accounts_.Find(each.clientCode);
-    if (each.record == ListedAccounts::kUnlisted || accounts_.IsKnown(each.record)) continue;
-    unknownAccounts_.push_back({each.record, each.clientCode.text});
+  for (std::size_t at = begin; at < end; ++at) {
+    const int account = lines.lines[at].account;
+    if (account == ListedAccounts::kUnlisted || accounts_.IsKnown(account)) continue;
+    unknownAccounts_.push_back({account, lines.texts[at].clientCode});
   }
-  accounts_.LookUp(unknownAccounts_);
+  if (!unknownAccounts_.empty()) accounts_.LookUp(unknownAccounts_);
 }
 
 // Field by field as the sheet takes them: what stands before one that is missing or wrong stays.
-void TradeRows::PutTogether(Row& row, const Gathered& gathered) {
-  const TradeLine& line = gathered.line;
-  const TextKey scripId(line.Field(TradeField::kScripId));
-  const std::uint32_t place = securities_.Find(scripId);
-  const bool isNew = place == KnownCodes::kUnknown;
-  KnownCode security = isNew ? KnownCode{grid_.Intern(scripId.text), {}} : securities_.At(place);
-  row[EntryColumn::kScripId] = security.cell;
-  if (isNew) fitter_.Fit(EntryColumn::kScripId, security.cell);
-  const CellValue quantity = grid_.Intern(line.Field(TradeField::kQuantity));
+void TradeRows::PutTogether(Row& row, const TradeLine& line, const TradeTexts& texts) {
+  const bool isKnown = line.security != 0 && line.security < securities_.size();
+  if (!isKnown) BeginSecurity(line.security, texts.scripId);
+  Security& security = securities_[line.security];
+  row[EntryColumn::kScripId] = security.scripId;
+  Require(line, TradeField::kQuantity);
+  const CellValue quantity =
+      line.quantity != CellValue::Empty ? line.quantity : grid_.Intern(texts.quantity);
   row[EntryColumn::kQuantity] = quantity;
   fitter_.Fit(EntryColumn::kQuantity, quantity);
-  line.Field(TradeField::kClientCode);
-  const AccountCells cells = gathered.record == ListedAccounts::kUnlisted
-                                 ? accounts_.TakeUnlisted(gathered.clientCode.text)
-                                 : accounts_.Take(gathered.record);
+  Require(line, TradeField::kClientCode);
+  const AccountCells cells = line.account == ListedAccounts::kUnlisted
+                                 ? accounts_.TakeUnlisted(texts.clientCode)
+                                 : accounts_.Take(line.account);
   row[EntryColumn::kClientCode] = cells.clientCode;
   row[EntryColumn::kBoId] = cells.account.code;
   row[EntryColumn::kBoName] = cells.account.name;
-  row[EntryColumn::kTradeDate] = TradeDate(line.Field(TradeField::kTradeDate));
-  if (isNew) {
-    security.answer = lookups_.SecurityOf(security.cell);
-    fitter_.Fit(EntryColumn::kIsinCode, security.answer.code);
-    fitter_.Fit(EntryColumn::kIsinName, security.answer.name);
-    securities_.Add(scripId, security);
+  Require(line, TradeField::kTradeDate);
+  if (!line.isDateAsBefore || tradeDate_ == CellValue::Empty) {
+    tradeDate_ = grid_.Intern(FormatDdMmmYyyy(ToDate(texts.tradeDate)));
+    fitter_.Fit(EntryColumn::kTradeDate, tradeDate_);
   }
-  row[EntryColumn::kIsinCode] = security.answer.code;
-  row[EntryColumn::kIsinName] = security.answer.name;
+  row[EntryColumn::kTradeDate] = tradeDate_;
+  if (!isKnown) {
+    security.isin = lookups_.SecurityOf(security.scripId);
+    fitter_.Fit(EntryColumn::kIsinCode, security.isin.code);
+    fitter_.Fit(EntryColumn::kIsinName, security.isin.name);
+  }
+  row[EntryColumn::kIsinCode] = security.isin.code;
+  row[EntryColumn::kIsinName] = security.isin.name;
+}
+
+// Numbers come one after the other.
+void TradeRows::BeginSecurity(std::uint32_t number, std::string_view scripId) {
+  if (number == securities_.size()) securities_.emplace_back();
+  Security& security = securities_[number];
+  security.scripId = grid_.Intern(scripId);
+  fitter_.Fit(EntryColumn::kScripId, security.scripId);
 }
 
 // A column at a time, so that what is written lies side by side.
@@ -130,15 +111,6 @@ void TradeRows::PutIntoGrid(std::span<const Row> rows) {
   const std::span<CellValue> serials = grid_.ColumnCells(EntryColumn::kSerial);
   for (std::size_t at = 0; at < rows.size(); ++at) serials[first + at] = NumberCell(++filled_);
   fitter_.Fit(EntryColumn::kSerial, NumberCell(filled_));
-}
-
-CellValue TradeRows::TradeDate(std::string_view text) {
-  if (tradeDate_ == CellValue::Empty || !SameText(text, tradeDateText_)) {
-    tradeDate_ = grid_.Intern(FormatDdMmmYyyy(ToDate(text)));
-    fitter_.Fit(EntryColumn::kTradeDate, tradeDate_);
-    tradeDateText_ = std::string(text);
-  }
-  return tradeDate_;
 }
 
 }  // namespace tallyrun

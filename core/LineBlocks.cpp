@@ -1,39 +1,51 @@
 #include "core/LineBlocks.h"
 
-#include <cstring>
+#include <algorithm>
 
 #include "core/SeparatorScan.h"
 
 namespace tallyrun {
+namespace {
+
+constexpr std::string_view kLineEnd = "\r\n";
+
+}  // namespace
 
 LineBlocks::LineBlocks(const std::string& path, std::size_t bytes)
-    : file_(FileSystem::File::OpenToRead(path)), length_(file_.Length()), buffer_(bytes, '\0') {}
+    : file_(FileSystem::File::OpenToRead(path)), bytes_(bytes) {}
 
-LineBlock LineBlocks::Next() {
-  std::memmove(buffer_.data(), buffer_.data() + begin_, end_ - begin_);
-  end_ -= begin_;
-  begin_ = 0;
+LineBlock LineBlocks::Next(Buffer& buffer) {
+  const LineBlock block = Read(buffer);
+  if (linesToExpect_ == 0) ExpectLinesAsIn(block);
+  return block;
+}
+
+LineBlock LineBlocks::Read(Buffer& buffer) {
+  buffer.resize(std::max({buffer.size(), bytes_, rest_.size()}));
+  std::copy(rest_.begin(), rest_.end(), buffer.begin());
+  std::size_t end = rest_.size();
   for (;;) {
     // A line longer than the buffer makes it grow.
-    if (end_ == buffer_.size()) buffer_.resize(buffer_.size() * 2);
-    const std::size_t count = file_.Read(buffer_.data() + end_, buffer_.size() - end_);
-    end_ += count;
-    const std::string_view text(buffer_.data(), end_);
-    const std::size_t lineEnd = text.rfind("\r\n");
-    if (lineEnd != std::string_view::npos) {
-      begin_ = lineEnd + 2;
-      return {text.substr(0, begin_), false};
-    }
-    if (count == 0) return {text, true};
+    if (end == buffer.size()) buffer.resize(buffer.size() * 2);
+    const std::size_t count = file_.Read(buffer.data() + end, buffer.size() - end);
+    end += count;
+    const std::string_view text(buffer.data(), end);
+    const std::size_t lineEnd = text.rfind(kLineEnd);
+    if (count == 0 && lineEnd == text.npos) return {text, true};
+    if (lineEnd == text.npos) continue;
+    const std::size_t blockEnd = lineEnd + kLineEnd.size();
+    rest_ = text.substr(blockEnd);
+    return {text.substr(0, blockEnd), false};
   }
 }
 
-std::size_t LineBlocks::LinesToExpect(const LineBlock& block) const {
-  const auto length = static_cast<std::size_t>(length_);
+void LineBlocks::ExpectLinesAsIn(const LineBlock& block) {
   const std::size_t lines = CountLineEnds(block.text);
-  if (block.isLast || lines == 0) return lines + 1;
+  linesToExpect_ = lines + 1;
+  if (block.isLast) return;
   // Lines grow with the numbers in them, so the first ones are the shortest.
-  return length / block.text.size() * lines + 2 * lines;
+  const auto length = static_cast<std::size_t>(file_.Length());
+  linesToExpect_ = length / block.text.size() * lines + 2 * lines;
 }
 
 }  // namespace tallyrun

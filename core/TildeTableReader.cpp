@@ -178,21 +178,22 @@ class TableReader {
 }  // namespace
 
 void ReadTildeTable(LineBlocks& blocks, FlexGrid& grid) {
-  LineBlock block = blocks.Next();
+  LineBlocks::Buffer buffer;
+  LineBlock block = blocks.Next(buffer);
   const auto lines = [&block] { return static_cast<int>(CountLineEnds(block.text)); };
   if (block.isLast && block.text.empty()) grid.SetRows(0);
-  grid.ReserveRows(blocks.LinesToExpect(block));
+  grid.ReserveRows(blocks.LinesToExpect());
   grid.SetRows(lines() + 1);
   TableReader reader(grid);
   try {
     for (; !block.isLast; grid.SetRows(grid.Rows() + lines())) {
       reader.Read(block);
-      block = blocks.Next();
+      block = blocks.Next(buffer);
     }
     reader.Read(block);
   } catch (...) {
     // The lines that were never reached have their rows all the same.
-    for (; !block.isLast; grid.SetRows(grid.Rows() + lines())) block = blocks.Next();
+    for (; !block.isLast; grid.SetRows(grid.Rows() + lines())) block = blocks.Next(buffer);
     throw;
   }
 }

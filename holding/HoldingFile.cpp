@@ -23,7 +23,7 @@ std::string_view HoldingFile::Subject() const {
 
 std::optional<LineBlock> HoldingFile::NextHoldings() {
   while (!isOver_) {
-    LineBlock block = std::exchange(isBegun_, true) ? blocks_.Next() : first_;
+    LineBlock block = std::exchange(isBegun_, true) ? blocks_.Next(buffer_) : first_;
     isOver_ = block.isLast;
     SkipHeader(block);
     if (headerLinesLeft_ == 0 && (block.isLast || !block.text.empty())) return block;

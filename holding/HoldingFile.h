@@ -12,7 +12,7 @@ namespace tallyrun {
 class HoldingFile {
  public:
   // Of the whole file, which must outlive this. Lines end in CR LF.
-  explicit HoldingFile(LineBlocks& blocks) : blocks_(blocks), first_(blocks.Next()) {}
+  explicit HoldingFile(LineBlocks& blocks) : blocks_(blocks), first_(blocks.Next(buffer_)) {}
 
   // The text of line 1 between the first "Report for " and the " :" that follows; good until
   // holdings are read. Raises SubscriptOutOfRange when the line has no "Report for ".
@@ -31,6 +31,7 @@ class HoldingFile {
   void SkipHeader(LineBlock& block);
 
   LineBlocks& blocks_;
+  LineBlocks::Buffer buffer_;
   LineBlock first_;
   bool isBegun_ = false;
   bool isOver_ = false;

@@ -4,6 +4,7 @@ list(APPEND portable_tests
   core/GridGeometryTest.cpp
   core/GridRowsTest.cpp
   core/RadixSortTest.cpp
+  core/ReadAheadTest.cpp
   core/RowChecksTest.cpp
   core/SeparatorScanTest.cpp
   core/SortGridTest.cpp
