@@ -41,8 +41,7 @@ FlexGridControl::~FlexGridControl() { grid_.SetObserver(nullptr); }
 
 void FlexGridControl::Create(ControlParent& parent, int id, const std::string& toolTip) {
   RegisterGridClass();
-  CreateControl(parent, kWindowClass, "",
-                WS_VISIBLE | WS_TABSTOP | WS_BORDER | WS_VSCROLL | WS_HSCROLL | WS_CLIPCHILDREN, 0,
+  CreateControl(parent, kWindowClass, "", WS_VISIBLE | WS_TABSTOP | WS_BORDER | WS_CLIPCHILDREN, 0,
                 id);
   header_.Create(Handle());
   grid_.SetObserver(this);
@@ -132,13 +131,13 @@ void FlexGridControl::Paint(HDC dc, const RECT& dirty) {
   PaintGrid(dc, grid_, Geometry(), look_, dirty);
 }
 
-// Brings header and scroll bars up to the data. They always show, so that the client size stays.
+// Brings header and scroll bars up to the data. A bar shows while there is something to scroll to;
+// one that comes or goes changes the size, and what follows from that is seen to at once.
 void FlexGridControl::FollowGrid() {
-  const GridSizes sizes = Sizes();
-  const GridGeometry geometry(grid_, sizes);
-  header_.Follow(grid_, geometry, sizes.clientWidth);
+  header_.Follow(grid_, Geometry(), Sizes().clientWidth);
   ShowScrollRange(SB_VERT, grid_.Rows() - 2, grid_.PageRows(), grid_.TopRow() - 1);
-  ShowScrollRange(SB_HORZ, grid_.Cols() - 1, grid_.Cols() - geometry.MaxLeftCol(), grid_.LeftCol());
+  const int seenCols = grid_.Cols() - Geometry().MaxLeftCol();
+  ShowScrollRange(SB_HORZ, grid_.Cols() - 1, seenCols, grid_.LeftCol());
 }
 
 void FlexGridControl::ShowScrollRange(int bar, int last, int page, int position) {
@@ -147,7 +146,6 @@ void FlexGridControl::ShowScrollRange(int bar, int last, int page, int position)
   shown.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
   GetScrollInfo(Handle(), bar, &shown);
   SCROLLINFO wanted = shown;
-  wanted.fMask |= SIF_DISABLENOSCROLL;
   wanted.nMin = 0;
   wanted.nMax = std::max(0, last);
   wanted.nPage = static_cast<UINT>(std::min(page, wanted.nMax + 1));  // as the system holds it

@@ -58,7 +58,9 @@ std::string ComboBox::ItemText(int index) const {
 int ComboBox::WindowHeightFor(int height) {
   // The window's height is that of the dropped list; the closed box follows from its item.
   const int border = Owner()->Scale(6);
-  SendMessageA(Handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height - border);
+  if (Bounds().height != height) {
+    SendMessageA(Handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height - border);
+  }
   return height + kItemsDroppedDown * Ask(Handle(), CB_GETITEMHEIGHT) + border;
 }
 

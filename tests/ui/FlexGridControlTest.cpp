@@ -242,6 +242,27 @@ TEST_F(FlexGridControlTest, EveryWayOfScrollingIsReportedAtOnce) {
   EXPECT_EQ(reports, 0) << "nothing moved";
 }
 
+TEST_F(FlexGridControlTest, ABarShowsWhileThereIsSomethingToScrollTo) {
+  constexpr DWORD kBoth = WS_VSCROLL | WS_HSCROLL;
+  const auto bars = [&] {
+    control_.Redraw();
+    return static_cast<DWORD>(GetWindowLongA(control_.Handle(), GWL_STYLE)) & kBoth;
+  };
+  EXPECT_EQ(bars(), kBoth);
+  const int pageBetweenBars = grid_.PageRows();
+  LoadRows(2);
+  EXPECT_EQ(bars(), DWORD{WS_HSCROLL});
+  for (int col = 0; col < kCols; ++col) grid_.SetColWidth(col, kColWidth / 5);
+  EXPECT_EQ(bars(), 0u);
+  EXPECT_GT(grid_.PageRows(), pageBetweenBars) << "the room of a bar is the rows'";
+  LoadRows(grid_.PageRows());
+  EXPECT_EQ(bars(), 0u);
+  LoadRows(grid_.PageRows() + 1);
+  EXPECT_EQ(bars(), DWORD{WS_VSCROLL});
+  Send(WM_VSCROLL, SB_BOTTOM);
+  EXPECT_EQ(grid_.TopRow(), 2);
+}
+
 TEST_F(FlexGridControlTest, TheHeaderDrawsItsCaptions) {
   constexpr int kWidth = 40;
   const auto inkOf = [&](const char* caption) {
