@@ -33,8 +33,22 @@ class LongTexts {
   // Adds the numbers of the texts that `ending` ends with; it has at least eight bytes.
   void FindAtEndOf(std::string_view ending, std::vector<std::uint32_t>& found) const {
     const std::uint64_t anchor = AnchorOf(ending, kAnchorBytes);
-    if (bits_.Has(anchor)) FindAnchored(anchor, ending, found);
+    if (MayHave(anchor)) FindAnchored(anchor, ending, found);
   }
+
+  // The same in steps, for whoever has many places to look at: each but the last fetches what the
+  // next will look at. `anchor` is that of `ending`.
+  void Prefetch(std::uint64_t anchor) const { bits_.Prefetch(anchor); }
+  bool MayHave(std::uint64_t anchor) const { return bits_.Has(anchor); }
+  void PrefetchSlot(std::uint64_t anchor) const {
+    __builtin_prefetch(&slots_[HashAnchor(anchor) >> slotShift_]);
+  }
+  void PrefetchText(std::uint64_t anchor) const {
+    const std::uint32_t slot = slots_[HashAnchor(anchor) >> slotShift_];
+    if (slot != kFree) __builtin_prefetch(&TextIn(slot));
+  }
+  void FindAnchored(std::uint64_t anchor, std::string_view ending,
+                    std::vector<std::uint32_t>& found) const;
 
  private:
   struct Text {
@@ -50,8 +64,6 @@ class LongTexts {
   static constexpr std::uint32_t kEndAlike = 0x80000000u;
   const Text& TextIn(std::uint32_t slot) const { return texts_[(slot & ~kEndAlike) - 1]; }
 
-  void FindAnchored(std::uint64_t anchor, std::string_view ending,
-                    std::vector<std::uint32_t>& found) const;
   void FindEndingAlike(std::string_view ending, std::vector<std::uint32_t>& found) const;
   void Add(std::uint32_t text);
   void AddEndingAlike(std::uint32_t text);

@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "core/LineBlocks.h"
+#include "holding/GatheredPlaces.h"
 #include "holding/LongTexts.h"
 #include "holding/ShortTexts.h"
 
@@ -51,24 +52,34 @@ void TextMatcher::ForEachLine(const LineBlock& block, Visit&& visit) const {
     goesOn = visit(lineBegin, end, found);
     found.clear();
   };
-  const auto see = [&](std::size_t place, bool mayEnd) {
-    if (text[place] == '\n' && place > lineBegin && text[place - 1] == '\r') {
-      endLine(place - 1);
-      lineBegin = place + 1;
-      return goesOn;
-    }
-    // A line's own CR belongs to no text in it.
-    const bool isLineEnd = text.substr(place, 2) == "\r\n";
-    if (mayEnd && !isLineEnd && place + 1 - lineBegin >= kAnchorBytes) {
-      long_->FindAtEndOf(text.substr(lineBegin, place + 1 - lineBegin), found);
-    }
-    return goesOn;
+  const auto endsLine = [&](std::size_t place) {
+    return text[place] == '\n' && place > lineBegin && text[place - 1] == '\r';
   };
   if (long_) {
-    long_->Filter().ForEachPlace(text, 0, text.size(), see);
+    GatheredPlaces places(*long_, text);
+    const auto see = [&](const GatheredPlaces::Place& place) {
+      const std::size_t end = place.at + 1;
+      if (endsLine(place.at)) {
+        endLine(place.at - 1);
+        lineBegin = end;
+      } else if (place.mayEnd && end - lineBegin >= kAnchorBytes &&
+                 text.substr(place.at, 2) != "\r\n") {  // a line's own CR belongs to no text in it
+        long_->FindAnchored(place.anchor, text.substr(lineBegin, end - lineBegin), found);
+      }
+      return goesOn;
+    };
+    long_->Filter().ForEachPlace(text, 0, text.size(), [&](std::size_t place, bool mayEnd) {
+      places.Add(place, mayEnd);
+      if (places.AreEnough()) places.Look(see);
+      return goesOn;
+    });
+    if (goesOn) places.Look(see);
   } else {
-    for (std::size_t place = text.find('\n'); place != text.npos && see(place, false);) {
-      place = text.find('\n', place + 1);
+    for (std::size_t place = text.find('\n'); place != text.npos && goesOn;
+         place = text.find('\n', place + 1)) {
+      if (!endsLine(place)) continue;
+      endLine(place - 1);
+      lineBegin = place + 1;
     }
   }
   if (goesOn && block.isLast) endLine(text.size());
