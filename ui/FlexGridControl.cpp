@@ -35,6 +35,14 @@ void RegisterGridClass() {
   RegisterClassExA(&windowClass);
 }
 
+// Where the thumb of a bar of so many pixels stands, in steps of less than a pixel. A page of a
+// million rows moves it by none, and drawing a themed bar takes longer than drawing the rows.
+int ThumbStep(const SCROLLINFO& bar, int pixels) {
+  constexpr int kStepsOfPixel = 4;
+  const int last = bar.nMax + 1 - static_cast<int>(bar.nPage);
+  return MulDiv(pixels * kStepsOfPixel, bar.nPos, std::max(1, last));
+}
+
 }  // namespace
 
 FlexGridControl::~FlexGridControl() { grid_.SetObserver(nullptr); }
@@ -153,7 +161,11 @@ void FlexGridControl::ShowScrollRange(int bar, int last, int page, int position)
   if (wanted.nMax == shown.nMax && wanted.nPage == shown.nPage && wanted.nPos == shown.nPos) {
     return;
   }
-  SetScrollInfo(Handle(), bar, &wanted, TRUE);
+  const bool isAsLong = wanted.nMax == shown.nMax && wanted.nPage == shown.nPage;
+  const GridSizes sizes = Sizes();
+  const int pixels = std::max(sizes.clientWidth, sizes.clientHeight);
+  const bool isAsDrawn = isAsLong && ThumbStep(wanted, pixels) == ThumbStep(shown, pixels);
+  SetScrollInfo(Handle(), bar, &wanted, isAsDrawn ? FALSE : TRUE);
 }
 
 LRESULT FlexGridControl::OnHeader(const NMHDR& notification, LPARAM lParam) {

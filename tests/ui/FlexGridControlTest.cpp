@@ -261,6 +261,10 @@ TEST_F(FlexGridControlTest, ABarShowsWhileThereIsSomethingToScrollTo) {
   EXPECT_EQ(bars(), DWORD{WS_VSCROLL});
   Send(WM_VSCROLL, SB_BOTTOM);
   EXPECT_EQ(grid_.TopRow(), 2);
+  LoadRows(50'000);
+  control_.Redraw();
+  Send(WM_VSCROLL, SB_LINEDOWN);
+  EXPECT_EQ(GetScrollPos(control_.Handle(), SB_VERT), 2) << "less than a pixel";
 }
 
 TEST_F(FlexGridControlTest, TheHeaderDrawsItsCaptions) {
