@@ -71,7 +71,7 @@ void FlexGrid::SetText(int row, int col, std::string_view text) {
 }
 
 std::string_view FlexGrid::WriteNumber(CellValue number, CellScratch& scratch) {
-  const auto end =
+  const char* const end =
       std::to_chars(scratch.data(), scratch.data() + scratch.size(), NumberOf(number)).ptr;
   return {scratch.data(), static_cast<std::size_t>(end - scratch.data())};
 }

@@ -34,7 +34,7 @@ class LineBlocks {
   LineBlock Read(Buffer& buffer);
   void ExpectLinesAsIn(const LineBlock& block);
 
-  static constexpr std::size_t kUsualBytes = 256 * 1024;
+  static constexpr std::size_t kUsualBytes = std::size_t{256} * 1024;
 
   FileSystem::File file_;
   const std::size_t bytes_;  // of a buffer for lines of usual length

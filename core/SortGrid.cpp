@@ -30,6 +30,13 @@ struct KnownPlaces {
 
 KnownPlaces knownPlaces;
 
+// Below 0 when the left one is less, above 0 when the right one is.
+template <class Value>
+int OrderOf(Value left, Value right) {
+  if (left < right) return -1;
+  return left > right ? 1 : 0;
+}
+
 // One key's column, compared row with row.
 class KeyColumn {
  public:
@@ -44,9 +51,10 @@ class KeyColumn {
     const std::uint32_t leftPlace = PlaceOf(left);
     const std::uint32_t rightPlace = PlaceOf(right);
     if (leftPlace != ColumnRanks::kNone && rightPlace != ColumnRanks::kNone) {
-      return (leftPlace > rightPlace) - (leftPlace < rightPlace);
+      return OrderOf(leftPlace, rightPlace);
     }
-    return key_.descending ? Compare(right, left) : Compare(left, right);
+    const int order = Compare(left, right);
+    return key_.descending ? -order : order;
   }
 
   // Fetches what a comparison with this row will look at.
@@ -70,7 +78,7 @@ class KeyColumn {
     if (!key_.numeric) return leftText.compare(rightText);
     const double leftNumber = SortingNumber(leftText);
     const double rightNumber = SortingNumber(rightText);
-    return (leftNumber > rightNumber) - (leftNumber < rightNumber);
+    return OrderOf(leftNumber, rightNumber);
   }
 
   const FlexGrid& grid_;
@@ -84,9 +92,9 @@ bool IsSorted(const FlexGrid& grid, const std::vector<SortKey>& keys) {
   if (keys.empty()) return true;
   std::vector<KeyColumn> columns;
   for (std::size_t key = 0; key < keys.size(); ++key) {
-    columns.push_back({grid, keys[key],
-                       isKnown ? std::span<const std::uint32_t>(knownPlaces.ofTexts[key])
-                               : std::span<const std::uint32_t>()});
+    columns.emplace_back(grid, keys[key],
+                         isKnown ? std::span<const std::uint32_t>(knownPlaces.ofTexts[key])
+                                 : std::span<const std::uint32_t>());
   }
   const auto rows = static_cast<std::size_t>(grid.Rows());
   constexpr std::size_t kAhead = 64;

@@ -11,7 +11,7 @@
 namespace tallyrun {
 namespace {
 constexpr std::size_t kFirstSlots = 64;  // a power of two, as every size is
-constexpr std::size_t kBlockBytes = 256 * 1024;
+constexpr std::size_t kBlockBytes = std::size_t{256} * 1024;
 constexpr char kNoText[kReadableBehindText + 1] = {};
 }  // namespace
 

@@ -95,7 +95,7 @@ class TextWriter {
   void Finish() { HandOn(); }
 
  private:
-  static constexpr std::size_t kBytes = 256 * 1024;
+  static constexpr std::size_t kBytes = std::size_t{256} * 1024;
   static constexpr std::size_t kMostDigits = 10;
   static constexpr std::size_t kBlanks = 64;
 

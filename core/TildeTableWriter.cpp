@@ -59,7 +59,8 @@ class TableWriter {
       const auto cells = grid_.ColumnCells(static_cast<int>(col));
       const std::size_t begin = std::max<std::size_t>(first, 1);
       for (std::size_t row = begin; row < end; ++row) {
-        changes_[row - first] |= ColumnBits{cells[row] != cells[row - 1]} << col;
+        const ColumnBits differs = cells[row] != cells[row - 1] ? 1 : 0;
+        changes_[row - first] |= differs << col;
       }
     }
     if (first == 0) changes_[0] = ~ColumnBits{0};

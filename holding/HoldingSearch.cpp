@@ -18,7 +18,9 @@ class PairsOfBoIds {
     std::uint32_t isin;
     std::uint32_t number;  // index in the query
 
-    auto operator<=>(const Pair&) const = default;
+    bool operator<(const Pair& other) const {
+      return isin != other.isin ? isin < other.isin : number < other.number;
+    }
   };
 
   explicit PairsOfBoIds(const HoldingQuery& query);

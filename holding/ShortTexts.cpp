@@ -1,6 +1,7 @@
 #include "holding/ShortTexts.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace tallyrun {
 namespace {
@@ -11,7 +12,7 @@ std::size_t AnchorBytesOf(std::string_view text) {
 
 }  // namespace
 
-ShortTexts::ShortTexts(const std::vector<NumberedText>& texts) : texts_(texts) {
+ShortTexts::ShortTexts(std::vector<NumberedText> texts) : texts_(std::move(texts)) {
   for (std::uint32_t place = 0; place < texts_.size(); ++place) {
     const std::string_view text = texts_[place].text;
     places_.Add(TextKey(text), place + 1);

@@ -15,7 +15,7 @@ namespace tallyrun {
 class ShortTexts {
  public:
   // Distinct texts, none empty. They must outlive this.
-  explicit ShortTexts(const std::vector<NumberedText>& texts);
+  explicit ShortTexts(std::vector<NumberedText> texts);
 
   // Adds the numbers of the texts that `line` contains, as often as it does.
   void FindIn(std::string_view line, std::vector<std::uint32_t>& found) const;

@@ -1,5 +1,7 @@
 #include "holding/TextMatcher.h"
 
+#include <utility>
+
 namespace tallyrun {
 
 TextMatcher::TextMatcher(const std::vector<std::string_view>& texts) {
@@ -14,7 +16,7 @@ TextMatcher::TextMatcher(const std::vector<std::string_view>& texts) {
     }
   }
   if (!longTexts.empty()) long_.emplace(longTexts);
-  if (!shortTexts.empty()) short_.emplace(shortTexts);
+  if (!shortTexts.empty()) short_.emplace(std::move(shortTexts));
 }
 
 void TextMatcher::FindIn(std::string_view text, std::size_t begin, std::size_t end,

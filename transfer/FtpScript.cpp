@@ -31,7 +31,7 @@ std::vector<std::string> ConnectionLines() {
 std::string FtpScript(const std::vector<std::string>& operationLines) {
   std::vector<std::string> lines = ConnectionLines();
   lines.insert(lines.end(), operationLines.begin(), operationLines.end());
-  lines.push_back("bye");
+  lines.emplace_back("bye");
   return JoinLines(lines);
 }
 
