@@ -4,10 +4,10 @@
 #include <string>
 
 #include "app/RowLookups.h"
-#include "core/ColumnFitter.h"
-#include "core/EntryRow.h"
-#include "core/Settings.h"
-#include "core/ShortText.h"
+#include "core/entry/EntryRow.h"
+#include "core/entry/Settings.h"
+#include "core/grid/ColumnFitter.h"
+#include "core/text/ShortText.h"
 
 namespace tallyrun {
 namespace {

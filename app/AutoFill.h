@@ -1,8 +1,8 @@
 // The fields of the entry sheet that follow from others: everything but what the clerk types.
 #pragma once
 
-#include "core/Conversion.h"
-#include "core/FlexGrid.h"
+#include "core/grid/FlexGrid.h"
+#include "core/text/Conversion.h"
 
 namespace tallyrun {
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "core/EntryRow.h"
-#include "core/GridRows.h"
+#include "core/entry/EntryRow.h"
+#include "core/grid/GridRows.h"
 
 namespace tallyrun {
 namespace {

@@ -1,7 +1,7 @@
 // Copying a cell down the selected rows, together with the cells that belong to it.
 #pragma once
 
-#include "core/FlexGrid.h"
+#include "core/grid/FlexGrid.h"
 
 namespace tallyrun {
 

@@ -4,11 +4,11 @@
 #include <iterator>
 #include <string_view>
 
-#include "core/BoIdFormat.h"
-#include "core/EntryRow.h"
-#include "core/GridRows.h"
-#include "core/Lookups.h"
 #include "core/Platform.h"
+#include "core/entry/BoIdFormat.h"
+#include "core/entry/EntryRow.h"
+#include "core/grid/GridRows.h"
+#include "core/masterlists/Lookups.h"
 
 namespace tallyrun {
 namespace {

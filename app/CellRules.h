@@ -4,8 +4,8 @@
 #include <optional>
 #include <string>
 
-#include "core/Conversion.h"
-#include "core/FlexGrid.h"
+#include "core/grid/FlexGrid.h"
+#include "core/text/Conversion.h"
 
 namespace tallyrun {
 

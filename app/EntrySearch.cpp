@@ -3,8 +3,8 @@
 #include <string>
 #include <vector>
 
-#include "core/Conversion.h"
-#include "core/EntryRow.h"
+#include "core/entry/EntryRow.h"
+#include "core/text/Conversion.h"
 
 namespace tallyrun {
 

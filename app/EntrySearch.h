@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "core/FlexGrid.h"
+#include "core/grid/FlexGrid.h"
 
 namespace tallyrun {
 

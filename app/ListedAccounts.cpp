@@ -1,7 +1,7 @@
 #include "app/ListedAccounts.h"
 
-#include "core/EntryRow.h"
-#include "core/Lists.h"
+#include "core/entry/EntryRow.h"
+#include "core/masterlists/Lists.h"
 
 namespace tallyrun {
 

@@ -9,9 +9,9 @@
 #include <vector>
 
 #include "app/RowLookups.h"
-#include "core/ColumnFitter.h"
-#include "core/FlexGrid.h"
-#include "core/Lookups.h"
+#include "core/grid/ColumnFitter.h"
+#include "core/grid/FlexGrid.h"
+#include "core/masterlists/Lookups.h"
 
 namespace tallyrun {
 

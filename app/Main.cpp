@@ -5,7 +5,7 @@
 
 #include "app/frmMain.h"
 #include "core/ErrorTrap.h"
-#include "core/Settings.h"
+#include "core/entry/Settings.h"
 #include "settings/frmSettings.h"
 #include "ui/MessageLoop.h"
 #include "ui/WindowsPlatform.h"

@@ -2,8 +2,8 @@
 
 #include <string>
 
-#include "core/Lists.h"
-#include "core/Lookups.h"
+#include "core/masterlists/Lists.h"
+#include "core/masterlists/Lookups.h"
 
 namespace tallyrun {
 namespace {

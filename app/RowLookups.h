@@ -6,7 +6,7 @@
 #include <unordered_map>
 #include <vector>
 
-#include "core/FlexGrid.h"
+#include "core/grid/FlexGrid.h"
 
 namespace tallyrun {
 

@@ -5,10 +5,10 @@
 #include <span>
 #include <vector>
 
-#include "core/ColumnFitter.h"
-#include "core/Conversion.h"
-#include "core/EntryRow.h"
 #include "core/RuntimeError.h"
+#include "core/entry/EntryRow.h"
+#include "core/grid/ColumnFitter.h"
+#include "core/text/Conversion.h"
 
 namespace tallyrun {
 namespace {

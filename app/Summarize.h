@@ -1,7 +1,7 @@
 // Rows of one account and one security made into one.
 #pragma once
 
-#include "core/FlexGrid.h"
+#include "core/grid/FlexGrid.h"
 
 namespace tallyrun {
 

@@ -7,12 +7,12 @@
 #include "app/ConfirmLoading.h"
 #include "app/TradeLines.h"
 #include "app/TradeRows.h"
-#include "core/GridRows.h"
-#include "core/LineBlocks.h"
-#include "core/Lists.h"
 #include "core/ReadAhead.h"
 #include "core/RuntimeError.h"
-#include "core/modFileIO.h"
+#include "core/files/LineBlocks.h"
+#include "core/files/modFileIO.h"
+#include "core/grid/GridRows.h"
+#include "core/masterlists/Lists.h"
 
 namespace tallyrun {
 namespace {

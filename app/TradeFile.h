@@ -4,9 +4,9 @@
 #include <optional>
 #include <string>
 
-#include "core/Conversion.h"
-#include "core/EntryRow.h"
-#include "core/FlexGrid.h"
+#include "core/entry/EntryRow.h"
+#include "core/grid/FlexGrid.h"
+#include "core/text/Conversion.h"
 
 namespace tallyrun {
 

@@ -2,9 +2,9 @@
 
 #include <array>
 
-#include "core/FlexGrid.h"
-#include "core/PlainNumber.h"
-#include "core/SeparatorScan.h"
+#include "core/grid/FlexGrid.h"
+#include "core/text/PlainNumber.h"
+#include "core/text/SeparatorScan.h"
 
 namespace tallyrun {
 namespace {

@@ -9,10 +9,10 @@
 #include <string_view>
 #include <vector>
 
-#include "core/CellTable.h"
-#include "core/LineBlocks.h"
-#include "core/RecordIndex.h"
-#include "core/TextTable.h"
+#include "core/files/LineBlocks.h"
+#include "core/grid/CellTable.h"
+#include "core/masterlists/RecordIndex.h"
+#include "core/text/TextTable.h"
 
 namespace tallyrun {
 

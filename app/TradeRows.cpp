@@ -2,9 +2,9 @@
 
 #include <algorithm>
 
-#include "core/Conversion.h"
-#include "core/EntryRow.h"
 #include "core/RuntimeError.h"
+#include "core/entry/EntryRow.h"
+#include "core/text/Conversion.h"
 
 namespace tallyrun {
 namespace {

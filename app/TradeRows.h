@@ -12,9 +12,9 @@
 #include "app/ListedAccounts.h"
 #include "app/RowLookups.h"
 #include "app/TradeLines.h"
-#include "core/ColumnFitter.h"
-#include "core/EntryRow.h"
-#include "core/FlexGrid.h"
+#include "core/entry/EntryRow.h"
+#include "core/grid/ColumnFitter.h"
+#include "core/grid/FlexGrid.h"
 
 namespace tallyrun {
 

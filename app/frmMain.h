@@ -5,7 +5,7 @@
 #include <string>
 
 #include "app/frmMainIds.h"
-#include "core/EntryRow.h"
+#include "core/entry/EntryRow.h"
 #include "holding/CheckHoldings.h"
 #include "holding/frmHoldingMessage.h"
 #include "lists/frmList.h"

@@ -5,14 +5,14 @@
 #include <vector>
 
 #include "bench/DayFiles.h"
-#include "core/Conversion.h"
-#include "core/EntryRow.h"
-#include "core/FlexGrid.h"
-#include "core/GridGeometry.h"
-#include "core/Lists.h"
-#include "core/Lookups.h"
-#include "core/SeparatorScan.h"
-#include "core/SortGrid.h"
+#include "core/entry/EntryRow.h"
+#include "core/entry/SortEntries.h"
+#include "core/grid/FlexGrid.h"
+#include "core/grid/GridGeometry.h"
+#include "core/masterlists/Lists.h"
+#include "core/masterlists/Lookups.h"
+#include "core/text/Conversion.h"
+#include "core/text/SeparatorScan.h"
 #include "holding/TextMatcher.h"
 
 namespace tallyrun::bench {

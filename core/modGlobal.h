@@ -2,10 +2,11 @@
 // place where they are found together.
 #pragma once
 
-#include "core/EntryRow.h"
-#include "core/GridRows.h"
-#include "core/Lists.h"
-#include "core/Lookups.h"
-#include "core/RowChecks.h"
-#include "core/Settings.h"
-#include "core/SortGrid.h"
+#include "core/entry/EntryRow.h"
+#include "core/entry/RowChecks.h"
+#include "core/entry/Settings.h"
+#include "core/entry/SortEntries.h"
+#include "core/grid/GridRows.h"
+#include "core/grid/SortGrid.h"
+#include "core/masterlists/Lists.h"
+#include "core/masterlists/Lookups.h"

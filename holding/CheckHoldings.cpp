@@ -7,10 +7,10 @@
 #include <vector>
 
 #include "core/Application.h"
-#include "core/Conversion.h"
-#include "core/EntryRow.h"
 #include "core/Platform.h"
-#include "core/modFileIO.h"
+#include "core/entry/EntryRow.h"
+#include "core/files/modFileIO.h"
+#include "core/text/Conversion.h"
 #include "holding/FramePacer.h"
 #include "holding/HoldingFile.h"
 #include "holding/HoldingSearch.h"

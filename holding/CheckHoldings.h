@@ -8,7 +8,7 @@
 #include <string>
 
 #include "core/BusyWindow.h"
-#include "core/FlexGrid.h"
+#include "core/grid/FlexGrid.h"
 #include "holding/HoldingBalances.h"
 
 namespace tallyrun {

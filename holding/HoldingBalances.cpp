@@ -1,8 +1,8 @@
 #include "holding/HoldingBalances.h"
 
-#include "core/Conversion.h"
-#include "core/PlainNumber.h"
 #include "core/RuntimeError.h"
+#include "core/text/Conversion.h"
+#include "core/text/PlainNumber.h"
 
 namespace tallyrun {
 

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string_view>
 
-#include "core/LineBlocks.h"
+#include "core/files/LineBlocks.h"
 
 namespace tallyrun {
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <bit>
 
-#include "core/ShortText.h"
+#include "core/text/ShortText.h"
 
 namespace tallyrun {
 

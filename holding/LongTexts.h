@@ -12,7 +12,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/TextTable.h"
+#include "core/text/TextTable.h"
 #include "holding/AnchorBits.h"
 #include "holding/AnchorFilter.h"
 

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/TextTable.h"
+#include "core/text/TextTable.h"
 #include "holding/AnchorBits.h"
 #include "holding/LongTexts.h"
 

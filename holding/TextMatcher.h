@@ -7,7 +7,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/LineBlocks.h"
+#include "core/files/LineBlocks.h"
 #include "holding/GatheredPlaces.h"
 #include "holding/LongTexts.h"
 #include "holding/ShortTexts.h"

@@ -2,9 +2,9 @@
 
 #include <string_view>
 
-#include "core/Conversion.h"
-#include "core/Settings.h"
-#include "core/modFileIO.h"
+#include "core/entry/Settings.h"
+#include "core/files/modFileIO.h"
+#include "core/text/Conversion.h"
 #include "lists/ListKind.h"
 
 namespace tallyrun {

@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "core/FlexGrid.h"
 #include "core/Platform.h"
+#include "core/grid/FlexGrid.h"
 
 namespace tallyrun {
 

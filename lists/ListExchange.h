@@ -5,8 +5,8 @@
 #include <string>
 
 #include "core/BusyWindow.h"
-#include "core/FlexGrid.h"
 #include "core/Platform.h"
+#include "core/grid/FlexGrid.h"
 
 namespace tallyrun {
 

@@ -3,8 +3,8 @@
 #include <vector>
 
 #include "core/Application.h"
-#include "core/GridRows.h"
-#include "core/Settings.h"
+#include "core/entry/Settings.h"
+#include "core/grid/GridRows.h"
 
 namespace tallyrun {
 namespace {

@@ -4,7 +4,7 @@
 
 #include <string>
 
-#include "core/FlexGrid.h"
+#include "core/grid/FlexGrid.h"
 
 namespace tallyrun {
 

@@ -1,7 +1,7 @@
 #include "lists/ListRows.h"
 
-#include "core/GridRows.h"
 #include "core/Platform.h"
+#include "core/grid/GridRows.h"
 
 namespace tallyrun {
 

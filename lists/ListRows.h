@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/FlexGrid.h"
+#include "core/grid/FlexGrid.h"
 
 namespace tallyrun {
 

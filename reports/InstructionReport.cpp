@@ -2,12 +2,12 @@
 
 #include <algorithm>
 
-#include "core/EntryRow.h"
 #include "core/ErrorTrap.h"
 #include "core/Platform.h"
-#include "core/Settings.h"
-#include "core/TextWriter.h"
-#include "core/modFileIO.h"
+#include "core/entry/EntryRow.h"
+#include "core/entry/Settings.h"
+#include "core/files/modFileIO.h"
+#include "core/text/TextWriter.h"
 
 namespace tallyrun {
 namespace {

@@ -5,8 +5,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/Conversion.h"
-#include "core/FlexGrid.h"
+#include "core/grid/FlexGrid.h"
+#include "core/text/Conversion.h"
 
 namespace tallyrun {
 

@@ -1,7 +1,7 @@
 #include "settings/SettingsEntry.h"
 
-#include "core/Conversion.h"
-#include "core/modFileIO.h"
+#include "core/files/modFileIO.h"
+#include "core/text/Conversion.h"
 
 namespace tallyrun {
 namespace {

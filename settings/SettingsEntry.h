@@ -1,7 +1,7 @@
 // What the settings dialog does with the values that the clerk typed. Knows no window.
 #pragma once
 
-#include "core/Settings.h"
+#include "core/entry/Settings.h"
 
 namespace tallyrun {
 

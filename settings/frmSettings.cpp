@@ -3,8 +3,8 @@
 #include <algorithm>
 
 #include "core/Application.h"
-#include "core/Conversion.h"
 #include "core/Platform.h"
+#include "core/text/Conversion.h"
 #include "settings/SettingsEntry.h"
 #include "settings/frmSettingsIds.h"
 

@@ -2,7 +2,7 @@
 // SettingsEntry.
 #pragma once
 
-#include "core/Settings.h"
+#include "core/entry/Settings.h"
 #include "ui/Controls.h"
 #include "ui/Form.h"
 

@@ -1,6 +1,6 @@
 #include "transfer/FtpTransfer.h"
 
-#include "core/modFileIO.h"
+#include "core/files/modFileIO.h"
 #include "transfer/FtpScript.h"
 #include "transfer/modShellAndWait.h"
 

@@ -3,11 +3,11 @@
 #include <chrono>
 #include <exception>
 
-#include "core/EntryRow.h"
 #include "core/ErrorTrap.h"
 #include "core/Platform.h"
-#include "core/Settings.h"
-#include "core/modFileIO.h"
+#include "core/entry/EntryRow.h"
+#include "core/entry/Settings.h"
+#include "core/files/modFileIO.h"
 #include "transfer/FtpScript.h"
 #include "transfer/FtpTransfer.h"
 

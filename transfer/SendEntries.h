@@ -6,8 +6,8 @@
 #include <string>
 
 #include "core/BusyWindow.h"
-#include "core/Conversion.h"
-#include "core/FlexGrid.h"
+#include "core/grid/FlexGrid.h"
+#include "core/text/Conversion.h"
 
 namespace tallyrun {
 

@@ -1,6 +1,6 @@
 #include "ui/CommandLine.h"
 
-#include "core/Conversion.h"
+#include "core/text/Conversion.h"
 
 namespace tallyrun {
 namespace {

@@ -5,7 +5,7 @@
 #include <optional>
 #include <string>
 
-#include "core/Conversion.h"
+#include "core/text/Conversion.h"
 #include "ui/Control.h"
 
 namespace tallyrun {

@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "core/TextMeasurer.h"
+#include "core/grid/TextMeasurer.h"
 #include "ui/Handles.h"
 
 namespace tallyrun {

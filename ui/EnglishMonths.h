@@ -5,7 +5,7 @@
 
 #include <string_view>
 
-#include "core/Conversion.h"
+#include "core/text/Conversion.h"
 
 namespace tallyrun {
 

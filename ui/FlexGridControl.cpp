@@ -7,8 +7,8 @@
 #include <algorithm>
 #include <optional>
 
-#include "core/GridRows.h"
-#include "core/TextMeasurer.h"
+#include "core/grid/GridRows.h"
+#include "core/grid/TextMeasurer.h"
 #include "ui/BufferedPaint.h"
 #include "ui/Form.h"
 

@@ -8,8 +8,8 @@
 #include <string>
 #include <string_view>
 
-#include "core/FlexGrid.h"
-#include "core/GridGeometry.h"
+#include "core/grid/FlexGrid.h"
+#include "core/grid/GridGeometry.h"
 #include "ui/Control.h"
 #include "ui/GridHeader.h"
 #include "ui/GridPainter.h"

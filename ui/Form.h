@@ -12,7 +12,7 @@
 
 #include "core/BusyWindow.h"
 #include "core/ErrorTrap.h"
-#include "core/TextMeasurer.h"
+#include "core/grid/TextMeasurer.h"
 #include "ui/Control.h"
 #include "ui/Dpi.h"
 #include "ui/Layout.h"

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "core/FlexGrid.h"
-#include "core/GridGeometry.h"
+#include "core/grid/FlexGrid.h"
+#include "core/grid/GridGeometry.h"
 
 namespace tallyrun {
 

@@ -4,8 +4,8 @@
 
 #include <windows.h>
 
-#include "core/FlexGrid.h"
-#include "core/GridGeometry.h"
+#include "core/grid/FlexGrid.h"
+#include "core/grid/GridGeometry.h"
 
 namespace tallyrun {
 

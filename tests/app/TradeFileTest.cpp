@@ -3,10 +3,10 @@
 #include <random>
 
 #include "app/TradeFile.h"
-#include "core/GridRows.h"
-#include "core/Lookups.h"
 #include "core/RuntimeError.h"
-#include "core/modFileIO.h"
+#include "core/files/modFileIO.h"
+#include "core/grid/GridRows.h"
+#include "core/masterlists/Lookups.h"
 #include "tests/support/EntrySheetFixture.h"
 #include "tests/support/ErrorOf.h"
 #include "tests/support/GridText.h"

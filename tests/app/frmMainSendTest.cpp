@@ -2,7 +2,7 @@
 // the client's output scripted.
 #include <gmock/gmock.h>
 
-#include "core/modFileIO.h"
+#include "core/files/modFileIO.h"
 #include "tests/support/GridText.h"
 #include "tests/support/MainWindowFixture.h"
 #include "ui/MessageLoop.h"

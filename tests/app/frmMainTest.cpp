@@ -2,7 +2,7 @@
 #include <gmock/gmock.h>
 
 #include "app/frmMain.h"
-#include "core/modFileIO.h"
+#include "core/files/modFileIO.h"
 #include "tests/support/GridText.h"
 #include "tests/support/MainWindowFixture.h"
 #include "ui/MessageLoop.h"

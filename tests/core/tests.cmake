@@ -1,22 +1,22 @@
 list(APPEND portable_tests
-  core/ColumnFitterTest.cpp
-  core/FlexGridTest.cpp
-  core/GridGeometryTest.cpp
-  core/GridRowsTest.cpp
-  core/RadixSortTest.cpp
+  core/grid/ColumnFitterTest.cpp
+  core/grid/FlexGridTest.cpp
+  core/grid/GridGeometryTest.cpp
+  core/grid/GridRowsTest.cpp
+  core/grid/RadixSortTest.cpp
   core/ReadAheadTest.cpp
-  core/RowChecksTest.cpp
-  core/SeparatorScanTest.cpp
-  core/SortGridTest.cpp
-  core/TextTableTest.cpp
-  core/TildeTableTest.cpp
+  core/entry/RowChecksTest.cpp
+  core/text/SeparatorScanTest.cpp
+  core/grid/SortGridTest.cpp
+  core/text/TextTableTest.cpp
+  core/grid/TildeTableTest.cpp
   core/TwoThreadsTest.cpp
 )
-list(APPEND portable_tests core/FileTest.cpp)
+list(APPEND portable_tests core/files/FileTest.cpp)
 list(APPEND portable_tests
-  core/ConversionTest.cpp
-  core/LookupsTest.cpp
-  core/RecordListTest.cpp
-  core/SettingsTest.cpp
+  core/text/ConversionTest.cpp
+  core/masterlists/LookupsTest.cpp
+  core/masterlists/RecordListTest.cpp
+  core/entry/SettingsTest.cpp
 )
-list(APPEND windows_tests core/ConversionSystemTest.cpp core/FileSystemTest.cpp)
+list(APPEND windows_tests core/text/ConversionSystemTest.cpp core/files/FileSystemTest.cpp)

@@ -1,4 +1,4 @@
-#include "core/modFileIO.h"
+#include "core/files/modFileIO.h"
 #include "holding/CheckHoldings.h"
 #include "tests/support/GridText.h"
 #include "tests/support/ProgramFixture.h"

@@ -5,7 +5,7 @@
 #include <random>
 #include <set>
 
-#include "core/modFileIO.h"
+#include "core/files/modFileIO.h"
 #include "holding/HoldingSearch.h"
 #include "tests/support/TempFolder.h"
 

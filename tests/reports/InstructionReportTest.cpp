@@ -1,6 +1,6 @@
 // Both reports against golden files, made from one sheet: an account under two client codes, rows
 // of an account apart from each other, texts longer than their columns, and blanks.
-#include "core/modFileIO.h"
+#include "core/files/modFileIO.h"
 #include "reports/InstructionReport.h"
 #include "tests/support/ProgramFixture.h"
 

@@ -6,7 +6,7 @@
 #include <stdexcept>
 #include <string>
 
-#include "core/Conversion.h"
+#include "core/text/Conversion.h"
 #include "ui/DatePicker.h"
 #include "ui/Form.h"
 

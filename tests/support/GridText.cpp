@@ -2,7 +2,7 @@
 
 #include <array>
 
-#include "core/EntryRow.h"
+#include "core/entry/EntryRow.h"
 
 namespace tallyrun::testing {
 namespace {

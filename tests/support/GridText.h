@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "core/FlexGrid.h"
+#include "core/grid/FlexGrid.h"
 
 namespace tallyrun::testing {
 

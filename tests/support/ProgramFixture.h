@@ -4,10 +4,10 @@
 
 #include <gtest/gtest.h>
 
-#include "core/EntryRow.h"
-#include "core/FlexGrid.h"
-#include "core/Lists.h"
-#include "core/Settings.h"
+#include "core/entry/EntryRow.h"
+#include "core/entry/Settings.h"
+#include "core/grid/FlexGrid.h"
+#include "core/masterlists/Lists.h"
 #include "lists/ListKind.h"
 #include "tests/support/FakeBusyWindow.h"
 #include "tests/support/RecordingPlatform.h"

@@ -1,0 +1,25 @@
+#include "core/entry/SortEntries.h"
+
+#include <vector>
+
+#include "core/entry/EntryRow.h"
+#include "core/grid/ColumnFitter.h"
+#include "core/grid/GridRows.h"
+#include "core/grid/SortGrid.h"
+
+namespace tallyrun {
+
+void SortEntries(FlexGrid& grid) {
+  static const std::vector<SortKey> kKeys = {
+      {EntryColumn::kBoId},
+      {EntryColumn::kClientCode},
+      {EntryColumn::kIsinCode},
+      {.col = EntryColumn::kQuantity, .descending = true, .numeric = true},
+  };
+  SortGrid(grid, kKeys);
+  RenumberRows(grid, 1);
+  ColumnFitter fitter(grid);
+  for (int row = 1; row < grid.Rows(); ++row) fitter.Fit(EntryColumn::kSerial, NumberCell(row));
+}
+
+}  // namespace tallyrun

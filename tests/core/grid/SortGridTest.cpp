@@ -1,0 +1,103 @@
+#include <algorithm>
+#include <array>
+#include <gmock/gmock.h>
+#include <random>
+
+#include "core/entry/EntryRow.h"
+#include "core/entry/SortEntries.h"
+#include "core/grid/SortGrid.h"
+#include "core/text/Conversion.h"
+#include "tests/support/GridText.h"
+
+namespace tallyrun::testing {
+namespace {
+
+using ::testing::ElementsAre;
+
+TEST(SortGridTest, EntriesStandByBoClientIsinThenLargerQuantityFirstAndAreRenumbered) {
+  FlexGrid grid;
+  grid.SetCols(EntryColumn::kCount);
+  std::vector<std::string> rows;
+  const std::array<const char*, 5> entries[] = {{"2", "A", "X", "5", "last of X"},
+                                                {"2", "A", "W", "1", "W"},
+                                                {"10", "B", "X", "1", "BO as text"},
+                                                {"2", "A", "X", "40", "first of X"},
+                                                {"2", "a", "A", "1", "lower case after upper"},
+                                                {"2", "A", "X", "5", "stable"},
+                                                {"2", "A", "X", "none", "no number counts as 0"},
+                                                {"2", "A", "X", "-1", "negative"}};
+  for (const auto& [boId, client, isin, quantity, ref] : entries) {
+    rows.push_back(EntryCells({{EntryColumn::kBoId, boId},
+                               {EntryColumn::kClientCode, client},
+                               {EntryColumn::kIsinCode, isin},
+                               {EntryColumn::kQuantity, quantity},
+                               {EntryColumn::kInternalRef, ref}}));
+  }
+  FillRows(grid, rows);
+  SortEntries(grid);
+  EXPECT_THAT(ColumnOf(grid, EntryColumn::kInternalRef),
+              ElementsAre("BO as text", "W", "first of X", "last of X", "stable",
+                          "no number counts as 0", "negative", "lower case after upper"));
+  EXPECT_THAT(ColumnOf(grid, EntryColumn::kSerial),
+              ElementsAre("1", "2", "3", "4", "5", "6", "7", "8"));
+}
+
+// The order that sorting by the last key first, each time stably, gives row by row.
+std::vector<std::string> PlainlySorted(const FlexGrid& grid, const std::vector<SortKey>& keys) {
+  std::vector<int> rows;
+  for (int row = 1; row < grid.Rows(); ++row) rows.push_back(row);
+  for (auto key = keys.rbegin(); key != keys.rend(); ++key) {
+    std::stable_sort(rows.begin(), rows.end(), [&](int left, int right) {
+      if (key->descending) std::swap(left, right);
+      const std::string leftText = grid.Text(left, key->col);
+      const std::string rightText = grid.Text(right, key->col);
+      if (!key->numeric) return leftText < rightText;
+      return (IsNumeric(leftText) ? ToDouble(leftText) : 0) <
+             (IsNumeric(rightText) ? ToDouble(rightText) : 0);
+    });
+  }
+  const std::vector<std::string> all = RowsOf(grid);
+  std::vector<std::string> sorted;
+  for (const int row : rows) sorted.push_back(all[static_cast<std::size_t>(row) - 1]);
+  return sorted;
+}
+
+// Few rows and many, keys that follow from one another, and sheets that were sorted before and had
+// cells changed since, to texts that the last sort knew and to new ones.
+TEST(SortGridTest, AgreesWithAPlainSortOnRandomRows) {
+  const std::vector<std::string> texts = {"",  "0",    "00", "7",   "07", "10", "9",
+                                          "a", "\xE9", "A",  "1.5", "-3", "x",  "999999999999"};
+  for (unsigned seed = 1; seed <= 200; ++seed) {
+    SCOPED_TRACE(seed);
+    std::mt19937 random(seed);
+    const auto pick = [&](std::size_t count) { return random() % count; };
+    FlexGrid grid;
+    grid.SetCols(5);
+    std::vector<std::string> rows;
+    // Some sheets are sorted on two threads.
+    const std::size_t count = seed % 200 == 0 ? 6000 : pick(seed % 40 == 0 ? 800 : 40);
+    for (std::size_t row = 0; row < count; ++row) {
+      const std::size_t account = pick(texts.size());
+      rows.push_back(std::to_string(row) + "|" + texts[account] + "|" + texts[account / 2] + "|" +
+                     texts[pick(4)] + "|" + texts[pick(texts.size())]);
+    }
+    FillRows(grid, rows);
+    std::vector<SortKey> keys;
+    for (std::size_t key = 0; key < 4; ++key) {
+      keys.push_back({static_cast<int>(1 + pick(4)), pick(2) == 0, pick(2) == 0});
+    }
+    for (int round = 0; round < 3; ++round) {
+      const std::vector<std::string> expected = PlainlySorted(grid, keys);
+      SortGrid(grid, keys);
+      ASSERT_EQ(RowsOf(grid), expected) << "round " << round;
+      if (grid.Rows() == 1) break;
+      for (std::size_t change = 0; change < pick(3); ++change) {
+        const int row = 1 + static_cast<int>(pick(static_cast<std::size_t>(grid.Rows()) - 1));
+        grid.SetText(row, 1 + static_cast<int>(pick(4)), round == 0 ? texts[pick(4)] : "new");
+      }
+    }
+  }
+}
+
+}  // namespace
+}  // namespace tallyrun::testing

@@ -1,0 +1,105 @@
+// The tilde table's fast reader and writer against a plain one, cell by cell.
+#include <gtest/gtest.h>
+#include <random>
+
+#include "core/files/modFileIO.h"
+#include "core/grid/GridRows.h"
+#include "core/grid/TildeTable.h"
+#include "core/text/Conversion.h"
+#include "tests/support/ErrorOf.h"
+#include "tests/support/GridText.h"
+#include "tests/support/TempFolder.h"
+
+namespace tallyrun::testing {
+namespace {
+
+std::string PlainText(const FlexGrid& grid) {
+  std::string text;
+  for (int row = 0; row < grid.Rows(); ++row) {
+    for (int col = 0; col < grid.Cols(); ++col) {
+      std::string cell = grid.Text(row, col);
+      for (std::size_t at; (at = cell.find("\r\n")) != std::string::npos;) cell.erase(at, 2);
+      text += cell + (col + 1 < grid.Cols() ? "~" : "\r\n");
+    }
+  }
+  text.pop_back();
+  return text;
+}
+
+void ReadPlainly(std::string_view text, FlexGrid& grid) {
+  const auto lines = Split(text, "\r\n");
+  grid.SetRows(static_cast<int>(lines.size()));
+  for (int row = 0; row < grid.Rows(); ++row) {
+    int col = 0;
+    for (const std::string_view piece : Split(lines[static_cast<std::size_t>(row)], "~")) {
+      grid.SetText(row, col, Trim(piece));
+      FitColumnWidth(grid, row, col++);
+    }
+  }
+}
+
+std::string RandomTable(std::mt19937& random) {
+  static constexpr const char* kPieces[] = {
+      "~",         "~",
+      "~",         "\r\n",
+      "\r\n",      "\r",
+      "\n",        " ",
+      "7",         "07",
+      "123456789", "1234567890",
+      "A name",    "a text that is longer than thirty-two bytes are"};
+  std::string text;
+  for (auto left = random() % (random() % 50 == 0 ? 30'000 : 60); left > 0; --left)
+    // Lines repeat what stands above, or nearly.
+    text += random() % 8 == 0
+                ? text.substr(text.size() - std::min<std::size_t>(text.size(), random() % 60))
+                : kPieces[random() % std::size(kPieces)];
+  return text;
+}
+
+TEST(TildeTableTest, ReadsAndWritesAsAPlainLoopDoes) {
+  const TempFolder folder;
+  int read = 0;
+  for (unsigned seed = 1; seed <= 500; ++seed) {
+    SCOPED_TRACE(seed);
+    std::mt19937 random(seed);
+    const int cols = seed % 10 == 0 ? 70 : 4;
+    const std::string text = RandomTable(random);
+    FlexGrid grid;
+    FlexGrid expected;
+    for (FlexGrid* each : {&grid, &expected}) {
+      each->SetCols(cols);
+      each->SetRows(2);
+      each->SetColWidth(0, 2000);
+      each->SetText(1, 0, "1");
+    }
+    const std::string error = ErrorOf([&] { ReadPlainly(text, expected); });
+    folder.Write("table.txt", text);
+    LineBlocks blocks(folder / "table.txt", 1 + random() % (seed % 2 == 0 ? 80 : 4000));
+    ASSERT_EQ(ErrorOf([&] { ReadTildeTable(blocks, grid); }), error);
+    ASSERT_EQ(RowsOf(grid), RowsOf(expected));
+    for (int col = 0; col < cols; ++col) ASSERT_EQ(grid.ColWidth(col), expected.ColWidth(col));
+    ASSERT_EQ(GridToText(grid), PlainText(expected));
+    read += error.empty() ? 1 : 0;
+  }
+  EXPECT_GT(read, 80) << "few cases were a table";
+}
+
+// Rows that mostly repeat the one above, in a text that is handed on in several pieces.
+TEST(TildeTableTest, WritesWhatRepeatsAsAPlainLoopDoes) {
+  std::mt19937 random(1);
+  FlexGrid grid;
+  grid.SetCols(5);
+  grid.SetRows(20'000);
+  for (int row = 0; row < grid.Rows(); ++row) {
+    for (int col = 0; col < grid.Cols(); ++col) {
+      const bool isAsAbove = row > 0 && random() % 4 != 0;
+      grid.SetText(row, col,
+                   isAsAbove ? grid.Text(row - 1, col) : std::string(random() % 70, "abcde"[col]));
+    }
+  }
+  grid.SetText(9000, 2, std::string(300'000, 'x'));
+  ASSERT_EQ(GridToText(grid), PlainText(grid));
+}
+
+}  // namespace
+}  // namespace tallyrun::testing
