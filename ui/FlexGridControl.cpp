@@ -172,12 +172,6 @@ LRESULT FlexGridControl::OnHeader(const NMHDR& notification, LPARAM lParam) {
   if (notification.hwndFrom != header_.Handle() || header_.IsFollowing()) return 0;
   const auto& change = *reinterpret_cast<const NMHEADERA*>(lParam);
   switch (notification.code) {
-    case HDN_BEGINTRACKA:
-    case HDN_BEGINTRACKW:
-    case HDN_ITEMCLICKA:
-    case HDN_ITEMCLICKW:
-      SetFocus();
-      return 0;
     case HDN_ITEMCHANGEDA:
     case HDN_ITEMCHANGEDW:
       if (change.pitem != nullptr && (change.pitem->mask & HDI_WIDTH) != 0) {

@@ -23,8 +23,8 @@ class FlexGridControl : public Control, private FlexGridObserver {
 
   // A double click on a cell, which is the current one by then.
   Event<> DblClick;
-  // A button was released over the rows; the menu key counts as the right one. A right click
-  // outside the selected block makes its cell current first.
+  // A button was released over the rows, or the right one over the captions; the menu key counts
+  // as the right one. A right click on a cell outside the selected block makes it current first.
   Event<MouseEvent> MouseUp;
   // The first visible row or column has changed, whoever changed it; raised at once.
   Event<> Scroll;

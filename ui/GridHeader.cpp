@@ -1,6 +1,7 @@
 #include "ui/GridHeader.h"
 
 #include <commctrl.h>
+#include <windowsx.h>
 
 #include "core/RuntimeError.h"
 #include "ui/BufferedPaint.h"
@@ -13,13 +14,32 @@ namespace {
 ClassProc headerClass;  // the same for every header
 
 // Draws like the rows below: into a back buffer, so that nothing flickers while a column is
-// dragged.
+// dragged. A press gives the grid the focus, and the right button is the grid's own.
 LRESULT CALLBACK HeaderProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
-  if (message != WM_PAINT) return headerClass.Call(window, message, wParam, lParam);
-  const PaintScope paint(window);
-  const BufferedPaint buffer(paint.Dc(), paint.Dirty());
-  return headerClass.Call(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(buffer.Dc()),
-                          PRF_CLIENT | PRF_ERASEBKGND);
+  const HWND grid = GetParent(window);
+  switch (message) {
+    case WM_PAINT: {
+      const PaintScope paint(window);
+      const BufferedPaint buffer(paint.Dc(), paint.Dirty());
+      return headerClass.Call(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(buffer.Dc()),
+                              PRF_CLIENT | PRF_ERASEBKGND);
+    }
+    case WM_LBUTTONDOWN:
+    case WM_LBUTTONDBLCLK:
+    case WM_MBUTTONDOWN:
+      SetFocus(grid);
+      break;
+    case WM_RBUTTONDOWN:
+    case WM_RBUTTONDBLCLK:
+    case WM_RBUTTONUP: {
+      POINT at = {GET_X_LPARAM(lParam), GET_Y_LPARAM(lParam)};
+      MapWindowPoints(window, grid, &at, 1);
+      return SendMessageA(grid, message, wParam, MAKELPARAM(at.x, at.y));
+    }
+    default:
+      break;
+  }
+  return headerClass.Call(window, message, wParam, lParam);
 }
 
 }  // namespace

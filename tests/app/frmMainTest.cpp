@@ -114,6 +114,12 @@ TEST_F(frmMainTest, WhatTakesTheFocusOrMovesTheCellDropsTheEdit) {
   const std::vector<std::pair<const char*, std::function<void()>>> ways = {
       {"another control", [&] { On(kBtnSave).SetFocus(); }},
       {"the grid", [&] { On(kFlxEntries).SetFocus(); }},
+      {"a caption",
+       [&] {
+         const HWND header = FindWindowExA(Item(kFlxEntries), nullptr, WC_HEADERA, nullptr);
+         SendMessageA(header, WM_LBUTTONDOWN, 0, MAKELPARAM(10, 5));
+         SendMessageA(header, WM_LBUTTONUP, 0, MAKELPARAM(10, 5));
+       }},
       {"scrolling", [&] { SendMessageA(On(kFlxEntries).Handle(), WM_VSCROLL, SB_PAGEDOWN, 0); }},
       {"resizing",
        [&] {

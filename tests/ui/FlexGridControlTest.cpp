@@ -164,6 +164,27 @@ TEST_F(FlexGridControlTest, RightClicksKeepTheBlockTheyFallInto) {
   EXPECT_EQ(reports[3].button, 2) << "the menu key";
 }
 
+TEST_F(FlexGridControlTest, APressOnACaptionTakesTheFocusAndARightClickThereIsReported) {
+  std::vector<MouseEvent> reports;
+  control_.MouseUp.Set([&](MouseEvent mouse) { reports.push_back(mouse); });
+  grid_.SetLeftCol(2);  // the header's own pixels are no longer the grid's
+  control_.Redraw();
+  POINT caption = {control_.CellBounds(1, 3).left + 30, 5};
+  MapWindowPoints(control_.Handle(), Header(), &caption, 1);
+  const LPARAM at = MAKELPARAM(caption.x, caption.y);
+  for (const UINT press : {WM_LBUTTONDOWN, WM_LBUTTONDBLCLK, WM_MBUTTONDOWN, WM_RBUTTONDOWN}) {
+    form_.txtOther.SetFocus();
+    SendMessageA(Header(), press, 0, at);
+    EXPECT_TRUE(control_.HasFocus()) << press;
+    SendMessageA(Header(), WM_LBUTTONUP, 0, at);
+  }
+  SendMessageA(Header(), WM_RBUTTONUP, 0, at);
+  ASSERT_EQ(reports.size(), 1u);
+  EXPECT_EQ(reports[0].button, 2);
+  EXPECT_EQ(reports[0].x, control_.CellBounds(1, 3).left + 30);
+  EXPECT_EQ(Current(), (GridCell{1, 0}));
+}
+
 TEST_F(FlexGridControlTest, KeysMoveTheCurrentCellUnlessTheFormTakesThem) {
   const int page = grid_.PageRows();
   const struct {
