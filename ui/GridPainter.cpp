@@ -88,9 +88,7 @@ void PaintGrid(HDC dc, const FlexGrid& grid, const GridGeometry& geometry, const
   CellScratch scratch;
   const GridRect area{dirty.left, dirty.top, dirty.right - dirty.left, dirty.bottom - dirty.top};
   geometry.ForEachCell(area, [&](int row, int col, const GridRect& bounds) {
-    // In a block the current cell stands out by not being highlighted.
-    const bool isCurrent = row == grid.Row() && col == grid.Col() && !block.IsSingleCell();
-    const CellColours& colours = block.Contains(row, col) && !isCurrent ? selected : plain;
+    const CellColours& colours = block.Contains(row, col) ? selected : plain;
     SetTextColor(dc, colours.text);
     SetBkColor(dc, colours.back);
     const RECT cell = ToRect(bounds);

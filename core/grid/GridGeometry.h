@@ -24,7 +24,6 @@ struct GridBlock {
   bool Contains(int row, int col) const {
     return row >= top && row <= bottom && col >= left && col <= right;
   }
-  bool IsSingleCell() const { return top == bottom && left == right; }
 };
 
 // The selected block, its corners in order.

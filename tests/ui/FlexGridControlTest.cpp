@@ -306,6 +306,31 @@ TEST_F(FlexGridControlTest, TheHeaderDrawsItsCaptions) {
   EXPECT_GT(inkOf("MMM"), 20);
 }
 
+TEST_F(FlexGridControlTest, ASelectedRowIsPaintedWholeAndItsCurrentCellFramedAsWell) {
+  const WindowDc screen(nullptr);
+  const UniqueDc dc(CreateCompatibleDC(screen.Get()));
+  const UniqueBitmap bitmap(CreateCompatibleBitmap(screen.Get(), 500, 300));
+  const SelectScope selected(dc.Get(), bitmap.Get());
+  const auto painted = [&](int row, int col, int inset) {
+    Send(WM_PRINTCLIENT, reinterpret_cast<WPARAM>(dc.Get()), PRF_CLIENT);
+    const GridRect cell = control_.CellBounds(row, col);
+    return GetPixel(dc.Get(), cell.left + inset, cell.top + inset);
+  };
+  const COLORREF window = GetSysColor(COLOR_WINDOW);
+  grid_.SetRow(2);
+  for (const bool isFocused : {true, false}) {
+    (isFocused ? static_cast<Control&>(control_) : form_.txtOther).SetFocus();
+    grid_.SetCol(1);
+    const COLORREF single = painted(2, 1, 2);
+    EXPECT_NE(single, window);
+    EXPECT_EQ(painted(2, 2, 2), window);
+    grid_.SelectRow(2);
+    for (int col = 0; col < 3; ++col) EXPECT_EQ(painted(2, col, 2), single) << col;
+    EXPECT_NE(painted(2, 0, 0), painted(2, 0, 2)) << "the current cell's frame";
+    EXPECT_EQ(painted(2, 1, 0), painted(2, 1, 2));
+  }
+}
+
 TEST_F(FlexGridControlTest, OneChangeOrManyCauseOnePaint) {
   const auto needsPaint = [&] { return GetUpdateRect(control_.Handle(), nullptr, FALSE) != FALSE; };
   ASSERT_FALSE(needsPaint());
