@@ -70,8 +70,7 @@ void ApplyIsinCodeRule(FlexGrid& grid, int row, std::string& text) {
   PutFitted(grid, row, EntryColumn::kScripId, LookupScripByIsin(text, &text));
 }
 
-bool ApplyQuantityRule(std::string& text) {
-  std::erase(text, ',');
+bool ApplyQuantityRule(const std::string& text) {
   if (text.empty() || IsNumeric(text)) return true;
   Tell("Quantity must be numeric.", "Invalid Entry.", MessageIcon::Critical);
   return false;
@@ -131,8 +130,13 @@ std::optional<Date> EditorDateFor(const FlexGrid& grid, int row, int col) {
   return std::nullopt;
 }
 
-bool CommitCellText(FlexGrid& grid, int row, int col, std::string& text, bool freeEntry) {
-  text = std::string(Trim(text));
+std::string TidiedCellText(int col, const std::string& typed) {
+  std::string text(Trim(typed));
+  if (col == EntryColumn::kQuantity) std::erase(text, ',');
+  return text;
+}
+
+bool CommitCellText(FlexGrid& grid, int row, int col, std::string text, bool freeEntry) {
   if (!ApplyColumnRule(grid, row, col, text, freeEntry)) return false;
   PutFitted(grid, row, col, text);
   return true;

@@ -23,9 +23,12 @@ std::string EditorTextFor(const FlexGrid& grid, int row, int col);
 // What the date picker starts with: the cell's date, else that of the cell above, else nothing.
 std::optional<Date> EditorDateFor(const FlexGrid& grid, int row, int col);
 
-// Takes the edited text into the cell and fills the cells that follow from it. `text` is trimmed
-// and completed as the column's rule says. False when the rule refused it and has told the
-// clerk: the cell is then as it was, and `text` is what the editor should go on showing.
-bool CommitCellText(FlexGrid& grid, int row, int col, std::string& text, bool freeEntry);
+// What was typed as the column's rule reads it, and as the editor goes on showing it when the rule
+// refuses it: trimmed, a quantity without its commas.
+std::string TidiedCellText(int col, const std::string& typed);
+// Takes the tidied text into the cell, completed as the column's rule says, and fills the cells
+// that follow from it. False when the rule refused it and has told the clerk: the row is then as
+// it was.
+bool CommitCellText(FlexGrid& grid, int row, int col, std::string text, bool freeEntry);
 
 }  // namespace tallyrun

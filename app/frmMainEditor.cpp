@@ -71,12 +71,9 @@ void frmMain::txtEditor_KeyPress(KeyEvent& key) {
 void frmMain::CommitCellEditor() {
   FlexGrid& grid = Grid();
   const int topRow = grid.TopRow();
-  std::string text = txtEditor.Text();
-  const bool taken = CommitCellText(grid, grid.Row(), grid.Col(), text, chkFreeEntry.Value());
-  if (!taken) {
-    if (text != txtEditor.Text()) txtEditor.SetText(text);
-    return;
-  }
+  const std::string text = TidiedCellText(grid.Col(), txtEditor.Text());
+  txtEditor.SetText(text);  // also what stands there under a refusal
+  if (!CommitCellText(grid, grid.Row(), grid.Col(), text, chkFreeEntry.Value())) return;
   HideCellEditors();
   grid.SetTopRow(topRow);
 }

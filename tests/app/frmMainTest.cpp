@@ -102,11 +102,23 @@ TEST_F(frmMainTest, TheEditorCoversItsCellCompletesAndComesBackToTheGrid) {
   EXPECT_EQ(Sheet().Text(2, EntryColumn::kBoId), "");
   EXPECT_TRUE(On(kFlxEntries).HasFocus());
 
-  platform.onMessage = [&](const Message&) { EXPECT_TRUE(On(kTxtEditor).Visible()); };
-  EditText(2, EntryColumn::kBoId, "12345678901234567");
-  EXPECT_EQ(platform.TakeMessage().text, "BOID length can not be greater than 16.");
-  EXPECT_TRUE(On(kTxtEditor).Visible());
-  EXPECT_EQ(On(kTxtEditor).Text(), "12345678901234567");
+  std::string underTheBox;
+  platform.onMessage = [&](const Message&) { underTheBox = On(kTxtEditor).Text(); };
+  const struct {
+    int col;
+    const char *typed, *refused, *message;
+  } cases[] = {
+      {EntryColumn::kBoId, " 12345678901234567 ", "12345678901234567",
+       "BOID length can not be greater than 16."},
+      {EntryColumn::kQuantity, " 1,5a", "15a", "Quantity must be numeric."},
+  };
+  for (const auto& each : cases) {
+    EditText(2, each.col, each.typed);
+    EXPECT_EQ(platform.TakeMessage().text, each.message);
+    EXPECT_EQ(underTheBox, each.refused);
+    EXPECT_TRUE(On(kTxtEditor).Visible());
+    EXPECT_EQ(On(kTxtEditor).Text(), each.refused);
+  }
 }
 
 TEST_F(frmMainTest, WhatTakesTheFocusOrMovesTheCellDropsTheEdit) {
