@@ -1,6 +1,7 @@
 #include "ui/Control.h"
 
 #include <unordered_map>
+#include <utility>
 
 #include "core/RuntimeError.h"
 #include "ui/Form.h"
@@ -117,6 +118,9 @@ LRESULT Control::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_KEYDOWN:
     case WM_CHAR: {
       KeyEvent key = KeyEventFrom(wParam, lParam);
+      if (message == WM_KEYDOWN && key.key == VK_INSERT && !key.repeated) {
+        insertIsClipboards_ = key.shift || key.control;
+      }
       (message == WM_CHAR ? KeyPress : KeyDown).Raise(key);
       return key.handled ? 0 : Default(message, wParam, lParam);
     }
@@ -143,8 +147,7 @@ LRESULT Control::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
 }
 
 void Control::RaiseKeyUp(KeyEvent& key) {
-  // With Shift or Ctrl, INSERT pastes and copies.
-  const bool isClipboardKey = key.key == VK_INSERT && (key.shift || key.control);
+  const bool isClipboardKey = key.key == VK_INSERT && std::exchange(insertIsClipboards_, false);
   if (EditsText() && (key.key == VK_DELETE || isClipboardKey)) return;
   (KeyUp.HasHandler() ? KeyUp : form_->KeyUp).Raise(key);
 }

@@ -119,6 +119,8 @@ class Control {
   std::string toolTip_;
   bool hasTip_ = false;  // whether the form's tip window knows it
   std::string fontFace_;
+  // INSERT went down with Shift or Ctrl held, which pastes and copies in a text.
+  bool insertIsClipboards_ = false;
 };
 
 // The key event of a key message, with the modifiers as they stand.

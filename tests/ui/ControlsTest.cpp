@@ -1,4 +1,6 @@
 // What each control tells its form, which handler a key reaches, and what keys do by themselves.
+#include <array>
+
 #include "tests/ui/TryForm.h"
 
 namespace tallyrun::testing {
@@ -136,6 +138,32 @@ TEST_F(KeysTest, AReleaseReachesTheControlsHandlerOrTheFormsOnce) {
     log.clear();
     PressKey(c.key);
     EXPECT_EQ(log, c.heard) << "key " << c.key << " in control " << c.control.Id();
+  }
+}
+
+TEST_F(KeysTest, AClipboardKeyIsOneByWhatWasHeldWhenItWentDown) {
+  const auto send = [](const Control& control, UINT message, int held) {
+    std::array<BYTE, 256> state = {};
+    if (held != 0) state[static_cast<std::size_t>(held)] = 0x80;
+    SetKeyboardState(state.data());
+    SendMessageA(control.Handle(), message, VK_INSERT, 0);
+    state = {};
+    SetKeyboardState(state.data());
+  };
+  const struct {
+    Control& control;
+    int heldDown, heldUp;
+    bool isHeard;
+  } cases[] = {
+      {form.editor, VK_SHIFT, 0, false}, {form.editor, VK_CONTROL, 0, false},
+      {form.editor, 0, VK_SHIFT, true},  {form.editor, 0, 0, true},
+      {form.date, VK_SHIFT, 0, false},   {form.button, VK_SHIFT, VK_SHIFT, true},
+  };
+  for (const auto& each : cases) {
+    log.clear();
+    send(each.control, WM_KEYDOWN, each.heldDown);
+    send(each.control, WM_KEYUP, each.heldUp);
+    EXPECT_EQ(log.size(), each.isHeard ? 1u : 0u) << each.heldDown << " " << each.heldUp;
   }
 }
 
