@@ -343,9 +343,7 @@ void frmMain::btnSearch_Click() {
 
 void frmMain::mnuCopy_Click() { copyRow_ = Grid().Row(); }
 
-void frmMain::mnuPaste_Click() {
-  if (copyRow_ > 0 && Grid().Row() > 0) PasteIntoSelection(Grid(), copyRow_);
-}
+void frmMain::mnuPaste_Click() { PasteIntoSelection(Grid(), copyRow_); }
 
 void frmMain::mnuDelete_Click() { DeleteSelectedRows(Grid()); }
 

@@ -1,7 +1,6 @@
 #include <gmock/gmock.h>
 
 #include "app/CellPaste.h"
-#include "core/RuntimeError.h"
 #include "tests/support/EntrySheetFixture.h"
 #include "tests/support/GridText.h"
 
@@ -17,6 +16,7 @@ TEST_F(CellPasteTest, CellsThatBelongTogetherTravelTogether) {
     int col;
     const char* pasted;
   } cases[] = {
+      {EntryColumn::kSerial, "2||||||||||||"},
       {EntryColumn::kTradeDate, "2|||d|||||||||"},
       {EntryColumn::kDeliveryDate, "2||||e||||||||"},
       {EntryColumn::kClientCode, "2|||||f|g|h|||||"},
@@ -35,6 +35,14 @@ TEST_F(CellPasteTest, CellsThatBelongTogetherTravelTogether) {
     PasteIntoSelection(grid, 1);
     EXPECT_EQ(RowsOf(grid), (std::vector<std::string>{source, each.pasted}));
   }
+}
+
+TEST_F(CellPasteTest, WithoutItsSourceRowNothingHappens) {
+  FillRows(grid, {"1|||kept|||||||||"});
+  grid.SetRow(1);
+  grid.SetCol(EntryColumn::kTradeDate);
+  for (const int gone : {0, 2}) PasteIntoSelection(grid, gone);
+  EXPECT_EQ(grid.Text(1, EntryColumn::kTradeDate), "kept");
 }
 
 TEST_F(CellPasteTest, FillsEverySelectedRowUpwardAndDownwardAndWidens) {
