@@ -65,6 +65,7 @@ void LayOutListGrid(FlexGrid& grid, const std::string& kind) {
     grid.SetColWidth(col, grid.Measurer().WidthOf(column.caption) + column.margin);
   }
   ClearEntryGrid(grid);
+  grid.SetCol(1);
 }
 
 }  // namespace tallyrun

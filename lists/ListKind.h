@@ -29,7 +29,7 @@ struct ListTexts {
 };
 ListTexts ListTextsOf(const std::string& kind);
 
-// The captions and widths of the kind's columns, and one blank row numbered 1.
+// The captions and widths of the kind's columns, and one blank row numbered 1, current at column 1.
 void LayOutListGrid(FlexGrid& grid, const std::string& kind);
 
 }  // namespace tallyrun

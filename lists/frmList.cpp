@@ -59,6 +59,7 @@ void frmList::cmbListOf_Click() {
 void frmList::txtItem_KeyDown(KeyEvent& key) {
   if (key.key != VK_RETURN) return;
   key.handled = true;
+  if (key.repeated) return;  // a held key would tell of a miss box after box
   const std::string text(Trim(txtItem.Text()));
   if (text.empty()) return;
   const int row = FindRowContaining(Grid(), text);

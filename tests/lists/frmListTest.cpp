@@ -117,6 +117,29 @@ TEST_F(frmListTest, InsertAndDeleteActOnTheRowsFromEveryControlThatEditsNoText) 
 
 TEST_F(frmListTest, EveryControlHasItsPlaceAtEveryDpi) { ExpectControlsApart(form); }
 
+TEST_F(frmListTest, TheFirstDataColumnIsCurrentAfterEveryLoadThatLaysOutTheList) {
+  EXPECT_EQ(Grid().Col(), 1);
+  for (const int list : {1, 0}) {
+    Grid().SelectRow(Grid().Rows() - 1);
+    On<ComboBox>(ids::kCmbListOf).SetListIndex(list);
+    EXPECT_EQ(Grid().Row(), 1);
+    EXPECT_EQ(Grid().Col(), 1);
+    EXPECT_EQ(Grid().ColSel(), 1);
+  }
+}
+
+TEST_F(frmListTest, AHeldEnterTellsOfAMissOnce) {
+  Control& search = On(ids::kTxtItem);
+  search.SetFocus();
+  search.SetText("nobody");
+  constexpr LPARAM kHeld = 1 << 30;
+  for (const LPARAM key : {LPARAM{0}, kHeld, kHeld}) {
+    SendMessageA(search.Handle(), WM_KEYDOWN, VK_RETURN, key);
+  }
+  EXPECT_EQ(platform.TakeMessage(),
+            (Message{"There is no such BO in the list.", "BO Not Found.", MessageIcon::Critical}));
+}
+
 TEST_F(frmListTest, SavingWritesTheListAndRefreshesItsLookupsAlone) {
   Enter(1, 3, "C777");
   Click(ids::kBtnSave);
