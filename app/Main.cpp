@@ -25,12 +25,12 @@ void Main(frmMain& window) {
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
   using namespace tallyrun;
+  WindowsPlatform platform;
+  SetPlatform(&platform);
   const INITCOMMONCONTROLSEX controls = {sizeof controls, ICC_STANDARD_CLASSES | ICC_DATE_CLASSES |
                                                               ICC_LISTVIEW_CLASSES |
                                                               ICC_BAR_CLASSES};
   InitCommonControlsEx(&controls);
-  WindowsPlatform platform;
-  SetPlatform(&platform);
   frmMain window;
   Main(window);
   return window.IsLoaded() ? RunMessageLoop() : 0;

@@ -67,6 +67,8 @@ std::string CommandInterpreter() {
 
 }  // namespace
 
+WindowsPlatform::WindowsPlatform() { SetErrorMode(GetErrorMode() | SEM_FAILCRITICALERRORS); }
+
 MessageAnswer WindowsPlatform::ShowMessage(const Message& message) {
   const BoxScope scope;
   const UINT modality = scope.Owner() == nullptr ? MB_TASKMODAL : MB_APPLMODAL;

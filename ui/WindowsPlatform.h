@@ -12,6 +12,9 @@ namespace tallyrun {
 
 class WindowsPlatform : public Platform {
  public:
+  // From now on the system shows no box of its own for a drive without a disk.
+  WindowsPlatform();
+
   MessageAnswer ShowMessage(const Message& message) override;
   ClockTime Now() override;
   std::optional<std::string> AskForFile(const FileDialogRequest& request) override;

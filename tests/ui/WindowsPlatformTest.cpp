@@ -43,6 +43,12 @@ TEST(WindowsPlatformTest, AChosenFileLeavesTheCurrentDirectoryAlone) {
   EXPECT_EQ(platform.AskForFile(request), std::nullopt);
 }
 
+TEST(WindowsPlatformTest, NoBoxOfTheSystemComesBeforeOursForAnEmptyDrive) {
+  SetErrorMode(0);
+  const WindowsPlatform platform;
+  EXPECT_EQ(GetErrorMode() & SEM_FAILCRITICALERRORS, UINT{SEM_FAILCRITICALERRORS});
+}
+
 TEST(WindowsPlatformTest, AMissingProgramIsFileNotFound) {
   EXPECT_EQ(ErrorOf([] {
               WindowsPlatform().StartProcess("no-such-program-here one", WindowMode::NormalFocus);
