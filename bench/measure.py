@@ -94,7 +94,7 @@ class Windows:
     def __init__(self, build, data):
         self.build = build
         self.place = data / "place"
-        run(HERE.parent / "scripts" / "workplace.sh", self.place, build / "Tallyrun.exe")
+        run(HERE.parent / "practice" / "workplace.sh", self.place, build / "Tallyrun.exe")
 
     def measure(self, taken):
         text = run(WINE, self.build / "tests" / "large_sheet_tests.exe",

@@ -146,7 +146,6 @@ def arguments():
     parser = argparse.ArgumentParser(description=__doc__.split("\n", maxsplit=1)[0])
     parser.add_argument("root", type=Path, help='folder to serve; "entry" is made in it')
     parser.add_argument("--port", type=int, default=0, help="0, the default, takes a free one")
-    parser.add_argument("--port-file", type=Path, help="where to write the port when ready")
     parser.add_argument("--verbose", action="store_true", help="show the conversation")
     for name, words in FAULTS.items():
         parser.add_argument("--" + name, action="store_true", help=words)
@@ -166,13 +165,7 @@ def main():
                         format="%(message)s")
     signal.signal(signal.SIGTERM, lambda *_: sys.exit(0))
     server = FTPServer(("127.0.0.1", options.port), ExchangeHandler)
-    port = server.address[1]
-    if options.port_file:
-        # Renamed into place, so that whoever waits for it never reads half a number.
-        temporary = options.port_file.with_suffix(".new")
-        temporary.write_text("%d\n" % port)
-        temporary.replace(options.port_file)
-    print("The practice exchange listens on 127.0.0.1 %d." % port, flush=True)
+    print("The practice exchange listens on 127.0.0.1 %d." % server.address[1], flush=True)
     server.serve_forever()
 
 

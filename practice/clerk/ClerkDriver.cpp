@@ -1,6 +1,7 @@
 #include "practice/clerk/ClerkDriver.h"
 
 #include <algorithm>
+#include <optional>
 
 #include "practice/clerk/Waiting.h"
 
@@ -70,105 +71,79 @@ std::vector<HWND> ClerkDriver::Windows() const {
   return search.found;
 }
 
-std::optional<HWND> ClerkDriver::FindWindowTitled(const std::string& title) const {
+HWND ClerkDriver::FindWindowTitled(const std::string& title) const {
   for (HWND window : Windows()) {
     if (ClassOf(window) != kDialogClass && TextOf(window).starts_with(title)) return window;
   }
-  return {};
+  return nullptr;
 }
 
-OpenWindow ClerkDriver::Window(const std::string& title) const {
-  std::optional<HWND> window;
-  if (!Holds([&] { return (window = FindWindowTitled(title)).has_value() || HasEnded(); }) ||
-      !window) {
-    throw DriverError("No window '" + title + "'. On the screen:\n" + DescribeScreen());
-  }
-  return OpenWindow(*window);
-}
-
-bool ClerkDriver::HasWindow(const std::string& title) const {
-  return FindWindowTitled(title).has_value();
-}
-
-void ClerkDriver::WaitUntilClosed(const std::string& title) const {
-  if (!Holds([&] { return !FindWindowTitled(title); })) {
-    throw DriverError("'" + title + "' stays open. On the screen:\n" + DescribeScreen());
-  }
-}
-
-std::optional<HWND> ClerkDriver::FindBox() const {
+HWND ClerkDriver::FindBox() const {
   for (HWND window : Windows()) {
     if (ClassOf(window) == kDialogClass && !FileNameField(OpenWindow(window))) return window;
   }
-  return {};
+  return nullptr;
 }
 
-HWND ClerkDriver::WaitForBox() const {
-  std::optional<HWND> box;
-  if (!Holds([&] { return (box = FindBox()).has_value() || HasEnded(); }) || !box) {
-    throw DriverError("No box. On the screen:\n" + DescribeScreen());
+HWND ClerkDriver::FindFileDialog(const std::string& title) const {
+  for (HWND window : Windows()) {
+    if (ClassOf(window) == kDialogClass && TextOf(window) == title &&
+        FileNameField(OpenWindow(window))) {
+      return window;
+    }
   }
-  return *box;
+  return nullptr;
+}
+
+HWND ClerkDriver::WaitFor(const std::function<HWND()>& find, const std::string& what) const {
+  HWND found = nullptr;
+  Holds([&] { return (found = find()) != nullptr || HasEnded(); });
+  if (found == nullptr) Fail("No " + what);
+  return found;
+}
+
+OpenWindow ClerkDriver::Window(const std::string& title) const {
+  return OpenWindow(WaitFor([&] { return FindWindowTitled(title); }, "window '" + title + "'"));
+}
+
+bool ClerkDriver::HasWindow(const std::string& title) const {
+  return FindWindowTitled(title) != nullptr;
+}
+
+void ClerkDriver::WaitUntilClosed(const std::string& title) const {
+  if (!Holds([&] { return !HasWindow(title); })) Fail("'" + title + "' stays open");
 }
 
 Box ClerkDriver::ReadBox() const {
-  HWND window = WaitForBox();
+  HWND window = WaitFor([&] { return FindBox(); }, "box");
   Box box{TextOf(window), {}, {}};
   for (HWND child : ChildrenOf(window)) {
     // The other label is the icon's and has no text.
     if (ClassOf(child) == "Static" && box.text.empty()) box.text = TextOf(child);
     if (ClassOf(child) == "Button" && IsWindowVisible(child)) {
-      std::string caption = TextOf(child);
-      caption.erase(std::remove(caption.begin(), caption.end(), '&'), caption.end());
-      box.buttons.push_back(caption);
+      box.buttons.push_back(CaptionOf(child));
     }
   }
   return box;
 }
 
-Box ClerkDriver::Answer(const std::string& button) {
-  const OpenWindow window(WaitForBox());
-  Box box = ReadBox();
+void ClerkDriver::PressInBox(const std::string& button) const {
+  const OpenWindow window(WaitFor([&] { return FindBox(); }, "box"));
   // A click is lost when the window manager moves the box at that moment; a clerk clicks again.
   constexpr int kSecondsPerClick = 15;
   for (int waited = 0; waited < kPatienceSeconds; waited += kSecondsPerClick) {
     window.ClickButton(button);
-    if (Holds([&] { return !window.IsOpen(); }, kSecondsPerClick)) return box;
+    if (Holds([&] { return !window.IsOpen(); }, kSecondsPerClick)) return;
   }
-  throw DriverError("'" + button + "' does not close the box. On the screen:\n" + DescribeScreen());
+  Fail("'" + button + "' does not close the box");
 }
 
-OpenWindow ClerkDriver::WaitForFileDialog(const std::string& title) const {
-  std::optional<OpenWindow> dialog;
-  const bool found = Holds([&] {
-    for (HWND window : Windows()) {
-      if (ClassOf(window) == kDialogClass && TextOf(window) == title &&
-          FileNameField(OpenWindow(window))) {
-        dialog = OpenWindow(window);
-      }
-    }
-    return dialog.has_value() || HasEnded();
-  });
-  if (!found || !dialog) {
-    throw DriverError("No dialog '" + title + "'. On the screen:\n" + DescribeScreen());
-  }
-  return *dialog;
-}
-
-void ClerkDriver::ChooseFile(const std::string& dialogTitle, const std::string& path) {
-  const OpenWindow dialog = WaitForFileDialog(dialogTitle);
+void ClerkDriver::ChooseFile(const std::string& dialogTitle, const std::string& path) const {
+  const OpenWindow dialog(
+      WaitFor([&] { return FindFileDialog(dialogTitle); }, "dialog '" + dialogTitle + "'"));
   dialog.Enter(*FileNameField(dialog), path);
   dialog.ClickButton("Open");
-  if (!Holds([&] { return !dialog.IsOpen(); })) {
-    throw DriverError("The dialog does not take '" + path + "'. On the screen:\n" +
-                      DescribeScreen());
-  }
-}
-
-void ClerkDriver::CancelFile(const std::string& dialogTitle) {
-  const OpenWindow dialog = WaitForFileDialog(dialogTitle);
-  dialog.ClickButton("Cancel");
-  Holds([&] { return !dialog.IsOpen(); });
+  if (!Holds([&] { return !dialog.IsOpen(); })) Fail("The dialog does not take '" + path + "'");
 }
 
 bool ClerkDriver::WaitUntilPainted() const {
@@ -191,7 +166,7 @@ bool ClerkDriver::WaitUntilPainted() const {
 
 DWORD ClerkDriver::WaitForEnd() {
   if (WaitForSingleObject(process_.hProcess, kPatienceSeconds * 1000) != WAIT_OBJECT_0) {
-    throw DriverError("The program does not end. On the screen:\n" + DescribeScreen());
+    Fail("The program does not end");
   }
   DWORD code = 0;
   GetExitCodeProcess(process_.hProcess, &code);
@@ -202,11 +177,11 @@ bool ClerkDriver::HasEnded() const {
   return WaitForSingleObject(process_.hProcess, 0) == WAIT_OBJECT_0;
 }
 
-std::string ClerkDriver::DescribeScreen() const {
-  if (HasEnded()) return "(the program has ended)";
-  std::string text;
-  for (HWND window : Windows()) text += OpenWindow(window).Describe() + "\n";
-  return text.empty() ? "(no window)" : text;
+void ClerkDriver::Fail(const std::string& what) const {
+  std::string report = what + ". On the screen:";
+  if (HasEnded()) report += " nothing, the program has ended";
+  for (HWND window : Windows()) report += "\n" + OpenWindow(window).Describe();
+  throw DriverError(report);
 }
 
 }  // namespace tallyrun::testing

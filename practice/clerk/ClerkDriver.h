@@ -5,7 +5,7 @@
 
 #include <windows.h>
 
-#include <optional>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -40,12 +40,10 @@ class ClerkDriver {
 
   // The message box on the screen; waits for one.
   Box ReadBox() const;
-  // Presses the box's button and waits until the box is gone; gives back what the box said.
-  Box Answer(const std::string& button);
+  // Presses a button of the box on the screen and waits until the box is gone.
+  void PressInBox(const std::string& button) const;
   // Types a path into the open-file dialog with this title and opens it.
-  void ChooseFile(const std::string& dialogTitle, const std::string& path);
-  // Closes the open-file dialog with this title without a choice.
-  void CancelFile(const std::string& dialogTitle);
+  void ChooseFile(const std::string& dialogTitle, const std::string& path) const;
 
   // Waits until a window is in front and none of the program's has anything left to paint; false
   // when that takes too long.
@@ -56,15 +54,15 @@ class ClerkDriver {
   bool HasEnded() const;
   void LeaveRunning() { leaveRunning_ = true; }
 
-  // All visible windows of the program, for a failure's report.
-  std::string DescribeScreen() const;
-
  private:
   std::vector<HWND> Windows() const;
-  std::optional<HWND> FindWindowTitled(const std::string& title) const;
-  std::optional<HWND> FindBox() const;
-  HWND WaitForBox() const;
-  OpenWindow WaitForFileDialog(const std::string& title) const;
+  // Null when there is none.
+  HWND FindWindowTitled(const std::string& title) const;
+  HWND FindBox() const;
+  HWND FindFileDialog(const std::string& title) const;
+  // What `find` finds, as soon as it does.
+  HWND WaitFor(const std::function<HWND()>& find, const std::string& what) const;
+  [[noreturn]] void Fail(const std::string& what) const;
 
   PROCESS_INFORMATION process_{};
   bool leaveRunning_ = false;

@@ -59,12 +59,8 @@ INPUT MouseInput(POINT place, DWORD flags) {
 
 }  // namespace
 
-void ClickAt(POINT place, MouseButton button, int times) {
-  const bool left = button == MouseButton::Left;
-  for (int i = 0; i < times; ++i) {
-    Send({MouseInput(place, left ? MOUSEEVENTF_LEFTDOWN : MOUSEEVENTF_RIGHTDOWN),
-          MouseInput(place, left ? MOUSEEVENTF_LEFTUP : MOUSEEVENTF_RIGHTUP)});
-  }
+void ClickAt(POINT place) {
+  Send({MouseInput(place, MOUSEEVENTF_LEFTDOWN), MouseInput(place, MOUSEEVENTF_LEFTUP)});
 }
 
 void PressKey(WORD key, std::initializer_list<WORD> modifiers) {

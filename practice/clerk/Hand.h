@@ -9,10 +9,8 @@
 
 namespace tallyrun::testing {
 
-enum class MouseButton { Left, Right };
-
 // Screen coordinates.
-void ClickAt(POINT place, MouseButton button = MouseButton::Left, int times = 1);
+void ClickAt(POINT place);
 
 // Presses and releases a key by its virtual-key code; the modifiers (VK_CONTROL, VK_SHIFT) are held
 // meanwhile.

@@ -1,7 +1,5 @@
 #include "practice/clerk/OpenWindow.h"
 
-#include <algorithm>
-
 #include "practice/clerk/Waiting.h"
 
 namespace tallyrun::testing {
@@ -18,11 +16,6 @@ LRESULT AskWindow(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
   return static_cast<LRESULT>(answer);
 }
 
-std::string WithoutUnderline(std::string caption) {
-  caption.erase(std::remove(caption.begin(), caption.end(), '&'), caption.end());
-  return caption;
-}
-
 }  // namespace
 
 std::string TextOf(HWND window) {
@@ -30,6 +23,12 @@ std::string TextOf(HWND window) {
   text.resize(static_cast<size_t>(
       AskWindow(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()))));
   return text;
+}
+
+std::string CaptionOf(HWND window) {
+  std::string caption = TextOf(window);
+  std::erase(caption, '&');
+  return caption;
 }
 
 std::string ClassOf(HWND window) {
@@ -73,18 +72,12 @@ bool OpenWindow::HasControl(int id) const { return FindControl(id) != nullptr; }
 
 std::string OpenWindow::Text(int id) const { return TextOf(Control(id)); }
 
-bool OpenWindow::IsEnabled(int id) const { return IsWindowEnabled(Control(id)); }
-
 bool OpenWindow::IsVisible(int id) const {
   const HWND control = FindControl(id);
   return control != nullptr && IsWindowVisible(control);
 }
 
-bool OpenWindow::IsChecked(int id) const {
-  return AskWindow(Control(id), BM_GETCHECK, 0, 0) == BST_CHECKED;
-}
-
-void OpenWindow::ClickInside(HWND control, POINT place, MouseButton button, int times) const {
+void OpenWindow::ClickInside(HWND control, POINT place) const {
   if (GetForegroundWindow() != window_) SetForegroundWindow(window_);
   POINT onScreen{};
   const bool ready = Holds([&] {
@@ -107,32 +100,29 @@ void OpenWindow::ClickInside(HWND control, POINT place, MouseButton button, int 
     throw DriverError("Can't click '" + TextOf(control) + "', under " + ClassOf(above) + " '" +
                       TextOf(above) + "', in:\n" + Describe());
   }
-  testing::ClickAt(onScreen, button, times);
+  testing::ClickAt(onScreen);
 }
 
-void OpenWindow::Click(int id) const {
-  HWND control = Control(id);
+void OpenWindow::ClickMiddle(HWND control) const {
   RECT area{};
   GetClientRect(control, &area);
-  ClickInside(control, {area.right / 2, area.bottom / 2}, MouseButton::Left, 1);
+  ClickInside(control, {area.right / 2, area.bottom / 2});
 }
 
-void OpenWindow::ClickAt(int id, POINT place, MouseButton button, int times) const {
-  ClickInside(Control(id), place, button, times);
-}
+void OpenWindow::Click(int id) const { ClickMiddle(Control(id)); }
+
+void OpenWindow::ClickAt(int id, POINT place) const { ClickInside(Control(id), place); }
 
 void OpenWindow::ClickButton(const std::string& caption) const {
   HWND button = nullptr;
   const bool found = Holds([&] {
     for (HWND child : ChildrenOf(window_)) {
-      if (ClassOf(child) == "Button" && WithoutUnderline(TextOf(child)) == caption) button = child;
+      if (ClassOf(child) == "Button" && CaptionOf(child) == caption) button = child;
     }
     return button != nullptr;
   });
   if (!found) throw DriverError("No button '" + caption + "' in:\n" + Describe());
-  RECT area{};
-  GetClientRect(button, &area);
-  ClickInside(button, {area.right / 2, area.bottom / 2}, MouseButton::Left, 1);
+  ClickMiddle(button);
 }
 
 void OpenWindow::Enter(int id, const std::string& text) const {

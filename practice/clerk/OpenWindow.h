@@ -23,14 +23,12 @@ class OpenWindow {
   HWND Control(int id) const;
   bool HasControl(int id) const;
   std::string Text(int id) const;
-  bool IsEnabled(int id) const;
   bool IsVisible(int id) const;  // false also for a control that is not there yet
-  bool IsChecked(int id) const;
 
   // Clicks in the middle of the control once it is visible and enabled.
   void Click(int id) const;
   // Clicks at a place of the control, in pixels from its upper left corner.
-  void ClickAt(int id, POINT place, MouseButton button = MouseButton::Left, int times = 1) const;
+  void ClickAt(int id, POINT place) const;
   // Clicks the button with this caption; an underlined letter does not count.
   void ClickButton(const std::string& caption) const;
   // Replaces the text of a text box.
@@ -47,13 +45,16 @@ class OpenWindow {
  private:
   HWND FindControl(int id) const;
   HWND FocusedControl() const;
-  void ClickInside(HWND control, POINT place, MouseButton button, int times) const;
+  void ClickInside(HWND control, POINT place) const;
+  void ClickMiddle(HWND control) const;
 
   HWND window_;
 };
 
 // The text of any window or control; waits for a busy program only so long.
 std::string TextOf(HWND window);
+// The same without the mark of an underlined letter.
+std::string CaptionOf(HWND window);
 std::string ClassOf(HWND window);
 std::vector<HWND> ChildrenOf(HWND window);
 

@@ -16,4 +16,8 @@ bool Holds(const std::function<bool()>& condition, int seconds) {
   return true;
 }
 
+void Await(const std::function<bool()>& condition, const std::string& failure) {
+  if (!Holds(condition)) throw DriverError(failure);
+}
+
 }  // namespace tallyrun::testing

@@ -18,4 +18,7 @@ inline constexpr int kPatienceSeconds = 60;
 // Comes back once `condition` holds; true. False when it does not within `seconds`.
 bool Holds(const std::function<bool()>& condition, int seconds = kPatienceSeconds);
 
+// Comes back once `condition` holds; raises DriverError with `failure` when it does not.
+void Await(const std::function<bool()>& condition, const std::string& failure);
+
 }  // namespace tallyrun::testing

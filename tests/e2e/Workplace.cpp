@@ -2,23 +2,19 @@
 
 #include <windows.h>
 
-#include <algorithm>
-#include <cstdlib>
 #include <gtest/gtest.h>
 
 namespace tallyrun::testing {
 
-Workplace::Workplace(const std::string& name, Exchange exchange) : folder_(temp_ / name) {
+Workplace::Workplace(const std::string& program, const std::string& name) : folder_(temp_ / name) {
   for (const std::string& folder : {folder_, File("program"), File("work"), File("import")}) {
     CreateDirectoryA(folder.c_str(), nullptr);
   }
-  std::string built(MAX_PATH, '\0');
-  built.resize(GetModuleFileNameA(nullptr, built.data(), MAX_PATH));
-  for (int i = 0; i < 3; ++i) built.resize(built.find_last_of('\\'));
-  built += exchange == Exchange::Real ? "\\Tallyrun.exe" : "\\practice\\Tallyrun.exe";
-  EXPECT_TRUE(CopyFileA(built.c_str(), Program().c_str(), FALSE)) << GetLastError();
+  const std::string built = TALLYRUN_BUILD "\\" + program;
+  EXPECT_TRUE(CopyFileA(built.c_str(), File("program\\Tallyrun.exe").c_str(), FALSE))
+      << built << ": " << GetLastError();
   for (const char* list : {"work\\BO.txt", "work\\ISIN.txt"}) {
-    Write(list, ReadBytes(std::string(TALLYRUN_SAMPLES) + "\\" + list));
+    Write(list, ReadBytes(std::string(TALLYRUN_SAMPLES "\\") + list));
   }
   Write("program\\Tallyrun.ini", Settings());
 }
@@ -29,23 +25,11 @@ std::string Workplace::Settings() const {
          File("work\\");
 }
 
-std::vector<std::string> NamesIn(const std::string& folder) {
-  std::vector<std::string> names;
-  WIN32_FIND_DATAA found;
-  HANDLE search = FindFirstFileA((folder + "\\*").c_str(), &found);
-  if (search == INVALID_HANDLE_VALUE) return names;
-  do {
-    if (found.cFileName[0] != '.') names.emplace_back(found.cFileName);
-  } while (FindNextFileA(search, &found));
-  FindClose(search);
-  std::sort(names.begin(), names.end());
-  return names;
-}
+Box Notice(const std::string& title, const std::string& text) { return {title, text, {"OK"}}; }
 
-std::string ExchangeFolder() {
-  const char* folder = std::getenv("TALLYRUN_EXCHANGE");
-  EXPECT_NE(folder, nullptr) << "run by tests/e2e/run.sh";
-  return std::string(folder == nullptr ? "" : folder) + "\\exchange";
+void PrintTo(const Box& box, std::ostream* out) {
+  *out << "\"" << box.title << "\": \"" << box.text << "\"";
+  for (const std::string& button : box.buttons) *out << " [" << button << "]";
 }
 
 }  // namespace tallyrun::testing

@@ -4,22 +4,23 @@
 #pragma once
 
 #include <string>
-#include <vector>
 
+#include "practice/clerk/ClerkDriver.h"
 #include "tests/support/TempFolder.h"
 
 namespace tallyrun::testing {
 
-enum class Exchange { Real, Practice };
+// Where the programs lie in the build.
+inline constexpr char kShipped[] = "Tallyrun.exe";
+inline constexpr char kPractice[] = "practice\\Tallyrun.exe";
 
 class Workplace {
  public:
   // `name` may hold blanks and any letter of the system's code page.
-  explicit Workplace(const std::string& name = "B\xFCro, 1. Stock",
-                     Exchange exchange = Exchange::Real);
+  Workplace(const std::string& program, const std::string& name);
 
-  std::string Program() const { return File("program\\Tallyrun.exe"); }
-  // Full paths of what lies in the folder of the workplace, such as "work\\BO.txt".
+  const std::string& Folder() const { return folder_; }
+  // Full paths of what lies in the folder, such as "work\\BO.txt".
   std::string File(const std::string& name) const { return folder_ + "\\" + name; }
 
   void Write(const std::string& name, const std::string& text) const {
@@ -35,10 +36,9 @@ class Workplace {
   std::string folder_;
 };
 
-// The names in a folder, in order.
-std::vector<std::string> NamesIn(const std::string& folder);
+// What a box with the one button says.
+Box Notice(const std::string& title, const std::string& text);
 
-// The folder of the practice exchange that runs beside the tests, without a backslash at the end.
-std::string ExchangeFolder();
+void PrintTo(const Box& box, std::ostream* out);
 
 }  // namespace tallyrun::testing

@@ -1,6 +1,6 @@
 #!/bin/bash
 # Lays out a clerk's place in FOLDER: the program with its settings, and the sample files:
-# scripts/workplace.sh FOLDER PROGRAM
+# practice/workplace.sh FOLDER PROGRAM
 set -euo pipefail
 samples=$(cd "$(dirname "$0")/.." && pwd)/samples
 mkdir -p "$1"
