@@ -1,5 +1,6 @@
-# Registers a GoogleTest program with ctest, one entry per test suite. Starting a program under Wine
-# and with sanitizers costs more than most tests; a suite is small enough to name the fault.
+# Registers a GoogleTest program with ctest, one entry per test suite. CMake's own discovery knows
+# only an entry per test, and starting a program under Wine takes longer (half a second and more) than
+# nearly all tests; a suite is small enough to name the fault.
 
 # tallyrun_add_tests(TARGET PREFIX [RUNNER COMMAND...] [PROPERTIES PROPERTY VALUE...]): each suite of
 # the program becomes the test "PREFIX.Suite", started by RUNNER, or else by what starts programs of
