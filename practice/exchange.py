@@ -21,15 +21,15 @@ from pyftpdlib.servers import FTPServer
 USER, PASSWORD = "ledgerhand", "qz5071"
 LOOK_AGAIN = 0.05  # seconds between looks whether an answer may be given now
 
-FAULTS = {
-    "refuse-login": "no account may log in",
-    "drop-upload": "hang up in the middle of an upload",
-    "drop-download": "hang up in the middle of a download",
-    "never-answer": "take connections and commands, but answer none as long as this lasts",
-    "refuse-upload": "accept no upload",
-    "full": "run out of space in the middle of an upload",
-    "lowercase-replies": "write every reply in small letters",
-}
+FAULTS = (
+    "refuse-login",  # no account may log in
+    "drop-upload",  # hang up in the middle of an upload
+    "drop-download",  # hang up in the middle of a download
+    "never-answer",  # take connections and commands, but answer none as long as this lasts
+    "refuse-upload",  # accept no upload
+    "full",  # run out of space in the middle of an upload
+    "lowercase-replies",  # write every reply in small letters
+)
 
 # What the server library says, and what the exchange says instead.
 REPLIES = {
@@ -147,8 +147,7 @@ def arguments():
     parser.add_argument("root", type=Path, help='folder to serve; "entry" is made in it')
     parser.add_argument("--port", type=int, default=0, help="0, the default, takes a free one")
     parser.add_argument("--verbose", action="store_true", help="show the conversation")
-    for name, words in FAULTS.items():
-        parser.add_argument("--" + name, action="store_true", help=words)
+    parser.add_argument("--fault", action="append", default=[], choices=FAULTS)
     return parser.parse_args()
 
 
@@ -156,8 +155,7 @@ def main():
     options = arguments()
     root = options.root.resolve()
     (root / "entry").mkdir(parents=True, exist_ok=True)
-    flags = {name for name in FAULTS if getattr(options, name.replace("-", "_"))}
-    ExchangeHandler.faults = Faults(flags, root.parent / "faults")
+    ExchangeHandler.faults = Faults(options.fault, root.parent / "faults")
     ExchangeHandler.authorizer = DummyAuthorizer()
     ExchangeHandler.authorizer.add_user(USER, PASSWORD, str(root), perm="elradfmw",
                                         msg_login="User logged in.")

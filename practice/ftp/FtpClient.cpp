@@ -1,285 +1,169 @@
 #include "practice/ftp/FtpClient.h"
 
-#include <algorithm>
-#include <cctype>
-#include <charconv>
+#include <cstdio>
 #include <fstream>
-#include <iterator>
+#include <iostream>
+#include <sstream>
 
 namespace tallyrun::practice {
 namespace {
 
-constexpr int kDefaultPort = 21;
-constexpr int kReadyReply = 220;
-constexpr std::size_t kPieceSize = 65536;
+bool IsPreliminary(int code) { return code / 100 == 1; }
+bool IsCompletion(int code) { return code / 100 == 2; }
+bool IsIntermediate(int code) { return code / 100 == 3; }
 
-// The words of a command line; quotation marks keep blanks together.
-std::vector<std::string> SplitWords(const std::string& line) {
-  std::vector<std::string> words;
-  std::string word;
-  bool quoted = false;
-  bool begun = false;
-  for (const char c : line) {
-    if (c == '"') {
-      quoted = !quoted;
-      begun = true;
-    } else if (!quoted && (c == ' ' || c == '\t')) {
-      if (begun) words.push_back(word);
-      word.clear();
-      begun = false;
-    } else {
-      word += c;
-      begun = true;
-    }
-  }
-  if (begun) words.push_back(word);
-  return words;
-}
-
-std::string Lower(std::string text) {
-  std::transform(text.begin(), text.end(), text.begin(),
-                 [](unsigned char c) { return static_cast<char>(std::tolower(c)); });
-  return text;
-}
-
-// The last name of a remote or local path.
-std::string FileNameOf(const std::string& path) {
-  return path.substr(path.find_last_of("/\\") + 1);
-}
+void Say(const std::string& line) { std::cout << line << std::endl; }
 
 }  // namespace
 
-struct FtpClient::Command {
-  std::string_view name;
-  std::size_t words;  // the least number, the name included
-  std::string_view usage;
-  bool needsConnection;
-  void (FtpClient::*carryOut)(const Words& words);
-};
-
-const FtpClient::Command FtpClient::kCommands[] = {
-    {"open", 2, "open host name [port]", false, &FtpClient::Open},
-    {"prompt", 1, "", false, &FtpClient::TogglePrompt},
-    {"cd", 2, "cd remote directory.", true, &FtpClient::ChangeFolder},
-    {"mkdir", 2, "mkdir directory name", true, &FtpClient::MakeFolder},
-    {"put", 2, "put local file [remote file]", true, &FtpClient::Put},
-    {"get", 2, "get remote file [local file]", true, &FtpClient::Get},
-    {"rename", 3, "rename from-name to-name", true, &FtpClient::Rename},
-    {"ls", 1, "", true, &FtpClient::List},
-    {"ascii", 1, "", true, &FtpClient::SetAscii},
-    {"binary", 1, "", true, &FtpClient::SetBinary},
-    {"close", 1, "", true, &FtpClient::Close},
-    {"bye", 1, "", false, &FtpClient::Bye},
-    {"quit", 1, "", false, &FtpClient::Bye},
-};
-
-void FtpClient::Run(std::istream& script) {
-  script_ = &script;
-  done_ = false;
-  while (!done_ && script.peek() != std::istream::traits_type::eof()) {
+void FtpClient::Run() {
+  for (bool done = false; !done && script_.peek() != std::istream::traits_type::eof();) {
     const std::string line = NextLine();
-    output_ << "ftp> " << line << std::endl;
-    CarryOut(line);
-  }
-  Disconnect();
-  script_ = nullptr;
-}
-
-void FtpClient::CarryOut(const std::string& line) {
-  const Words words = SplitWords(line);
-  if (words.empty()) return;
-  const std::string name = Lower(words[0]);
-  const auto command = std::find_if(std::begin(kCommands), std::end(kCommands),
-                                    [&](const Command& known) { return known.name == name; });
-  if (command == std::end(kCommands)) {
-    output_ << "Invalid command." << std::endl;
-  } else if (command->needsConnection && !IsConnected()) {
-    output_ << "Not connected." << std::endl;
-  } else if (words.size() < command->words) {
-    output_ << "Usage: " << command->usage << std::endl;
-  } else {
-    (this->*command->carryOut)(words);
+    Say("ftp> " + line);
+    std::istringstream text(line);
+    Words words;
+    for (std::string word; text >> word;) words.push_back(word);
+    if (words.empty()) continue;
+    done = words[0] == "bye";
+    CarryOut(words);
   }
 }
 
 std::string FtpClient::NextLine() {
   std::string line;
-  std::getline(*script_, line);
-  if (!line.empty() && line.back() == '\r') line.pop_back();
+  std::getline(script_, line);
+  if (line.ends_with('\r')) line.pop_back();
   return line;
 }
 
-void FtpClient::Open(const Words& words) {
-  if (IsConnected()) {
-    output_ << "Already connected to " << host_ << ", use disconnect first." << std::endl;
-    return;
-  }
-  int port = kDefaultPort;
-  if (words.size() > 2) {
-    const std::string& text = words[2];
-    const auto result = std::from_chars(text.data(), text.data() + text.size(), port);
-    if (result.ec != std::errc() || result.ptr != text.data() + text.size() || port < 1 ||
-        port > 65535) {
-      output_ << text << ": bad port number." << std::endl;
-      return;
-    }
-  }
-  host_ = words[1];
-  ConnectResult result = network_.Connect(host_, port);
-  if (!result.stream) {
-    output_ << result.failure << std::endl;
-    return;
-  }
-  output_ << "Connected to " << host_ << "." << std::endl;
-  control_ = std::move(result.stream);
-  replies_ = std::make_unique<ReplyReader>(*control_);
-  const Reply greeting = ShowReply();
-  if (greeting.code == kReadyReply) {
-    LogIn();
-  } else {
-    Disconnect();
+void FtpClient::CarryOut(const Words& words) {
+  const std::string& name = words[0];
+  const auto is = [&](const char* command, std::size_t operands) {
+    return name == command && words.size() > operands;
+  };
+  if (is("open", 1)) {
+    Open(words);
+  } else if (is("prompt", 0)) {
+    Say("Interactive mode Off .");
+  } else if (is("bye", 0)) {
+    if (control_) Ask("QUIT");
+  } else if (!is("cd", 1) && !is("mkdir", 1) && !is("put", 1) && !is("get", 1) &&
+             !is("rename", 2)) {
+    Say("Invalid command.");
+  } else if (!control_) {
+    Say("Not connected.");
+  } else if (name == "cd") {
+    Ask("CWD " + words[1]);
+  } else if (name == "mkdir") {
+    Ask("MKD " + words[1]);
+  } else if (name == "put") {
+    Put(words[1]);
+  } else if (name == "get") {
+    Get(words[1]);
+  } else if (IsIntermediate(Ask("RNFR " + words[1]))) {
+    Ask("RNTO " + words[2]);
   }
 }
 
 // The user's name and password are the script's next lines; they are not shown.
-void FtpClient::LogIn() {
-  output_ << "User (" << host_ << ":(none)): " << std::endl;
-  Reply reply = Ask("USER " + NextLine());
-  if (reply.IsIntermediate()) {
-    output_ << "Password: " << std::endl;
-    reply = Ask("PASS " + NextLine());
-  }
-  if (!reply.IsCompletion() && IsConnected()) output_ << "Login failed." << std::endl;
-}
-
-void FtpClient::TogglePrompt(const Words&) {
-  interactive_ = !interactive_;
-  output_ << "Interactive mode " << (interactive_ ? "On ." : "Off .") << std::endl;
-}
-
-void FtpClient::ChangeFolder(const Words& words) { Ask("CWD " + words[1]); }
-
-void FtpClient::MakeFolder(const Words& words) { Ask("MKD " + words[1]); }
-
-void FtpClient::Put(const Words& words) {
-  std::ifstream file(words[1], std::ios::binary);
-  if (!file) {
-    output_ << words[1] << ": File not found" << std::endl;
+void FtpClient::Open(const Words& words) {
+  host_ = words[1];
+  try {
+    control_ = std::make_unique<Connection>(host_, words.size() > 2 ? words[2] : "21");
+  } catch (const std::exception& failure) {
+    Say(failure.what());
     return;
   }
-  const std::string remote = words.size() > 2 ? words[2] : FileNameOf(words[1]);
-  std::unique_ptr<Stream> data = StartTransfer("STOR " + remote);
+  Say("Connected to " + host_ + ".");
+  ShowReply();
+  Say("User (" + host_ + ":(none)): ");
+  int code = Ask("USER " + NextLine());
+  if (IsIntermediate(code)) {
+    Say("Password: ");
+    code = Ask("PASS " + NextLine());
+  }
+  if (control_ && !IsCompletion(code)) Say("Login failed.");
+}
+
+void FtpClient::Put(const std::string& name) {
+  std::ifstream file(name, std::ios::binary);
+  if (!file) {
+    Say(name + ": File not found");
+    return;
+  }
+  const std::string text((std::istreambuf_iterator<char>(file)), {});
+  std::unique_ptr<Connection> data = StartTransfer("STOR " + name);
   if (!data) return;
-  std::string piece(kPieceSize, '\0');
-  std::size_t sent = 0;
-  do {
-    file.read(piece.data(), static_cast<std::streamsize>(piece.size()));
-    const auto size = static_cast<std::size_t>(file.gcount());
-    // The server may stop the transfer; its reply then says why.
-    if (size > 0 && !data->Send(std::string_view(piece).substr(0, size))) break;
-    sent += size;
-  } while (file);
+  // The server may stop the transfer; its reply then says why.
+  data->Send(text);
   // The end of the data connection is the end of the file.
   data.reset();
-  if (ShowReply().IsCompletion()) ShowAmount(sent, "sent");
+  if (IsCompletion(ShowReply())) Say("ftp: " + std::to_string(text.size()) + " bytes sent.");
 }
 
-void FtpClient::Get(const Words& words) {
-  const std::string local = words.size() > 2 ? words[2] : FileNameOf(words[1]);
-  std::unique_ptr<Stream> data = StartTransfer("RETR " + words[1]);
+void FtpClient::Get(const std::string& name) {
+  std::unique_ptr<Connection> data = StartTransfer("RETR " + name);
   if (!data) return;
   // Opened no earlier, so that a refused transfer leaves the local file alone.
-  std::ofstream file(local, std::ios::binary | std::ios::trunc);
-  if (!file) {
-    output_ << "Error opening local file " << local << "." << std::endl;
-    data.reset();
-    // The server may have sent everything; to say so would claim a file that is not there.
-    replies_->Read();
-    return;
-  }
-  std::size_t received = 0;
-  for (std::string piece; !(piece = data->Receive()).empty(); received += piece.size()) {
-    file.write(piece.data(), static_cast<std::streamsize>(piece.size()));
-  }
+  std::ofstream file(name, std::ios::binary | std::ios::trunc);
+  std::size_t size = 0;
+  for (std::string piece; !(piece = data->Receive()).empty(); size += piece.size()) file << piece;
   file.close();
-  data.reset();
   if (!file) {
-    output_ << "Error writing local file " << local << "." << std::endl;
-    replies_->Read();  // as above
+    // The server may have sent everything; to show that would claim a file that is not there.
+    Say("Error writing local file " + name + ".");
+    control_.reset();
     return;
   }
-  if (ShowReply().IsCompletion()) ShowAmount(received, "received");
+  if (IsCompletion(ShowReply())) Say("ftp: " + std::to_string(size) + " bytes received.");
 }
 
-void FtpClient::Rename(const Words& words) {
-  if (Ask("RNFR " + words[1]).IsIntermediate()) Ask("RNTO " + words[2]);
-}
-
-void FtpClient::List(const Words& words) {
-  std::unique_ptr<Stream> data = StartTransfer(words.size() > 1 ? "NLST " + words[1] : "NLST");
-  if (!data) return;
-  for (std::string piece; !(piece = data->Receive()).empty();) {
-    piece.erase(std::remove(piece.begin(), piece.end(), '\r'), piece.end());
-    output_ << piece;
-  }
-  data.reset();
-  ShowReply();
-}
-
-void FtpClient::SetAscii(const Words&) { Ask("TYPE A"); }
-
-void FtpClient::SetBinary(const Words&) { Ask("TYPE I"); }
-
-void FtpClient::Close(const Words&) {
-  Ask("QUIT");
-  Disconnect();
-}
-
-void FtpClient::Bye(const Words& words) {
-  if (IsConnected()) Close(words);
-  done_ = true;
-}
-
-Reply FtpClient::Ask(const std::string& command) {
-  if (!IsConnected()) return {};
+int FtpClient::Ask(const std::string& command) {
+  if (!control_) return 0;
   // When the server is gone, reading finds that out and says so.
   control_->Send(command + "\r\n");
   return ShowReply();
 }
 
-Reply FtpClient::ShowReply() {
-  if (!IsConnected()) return {};
-  Reply reply = replies_->Read();
-  for (const std::string& line : reply.lines) output_ << line << '\n';
-  output_.flush();
-  if (reply.code == 0) {
-    output_ << "Connection closed by remote host." << std::endl;
-    Disconnect();
-  }
-  return reply;
-}
-
-void FtpClient::Disconnect() {
-  replies_.reset();
-  control_.reset();
+// A reply may have several lines; a blank after the code marks the last.
+int FtpClient::ShowReply() {
+  do {
+    while (pending_.find('\n') == std::string::npos) {
+      const std::string more = control_->Receive();
+      if (more.empty()) {
+        Say("Connection closed by remote host.");
+        control_.reset();
+        return 0;
+      }
+      pending_ += more;
+    }
+    lastReply_ = pending_.substr(0, pending_.find('\n'));
+    pending_.erase(0, lastReply_.size() + 1);
+    if (lastReply_.ends_with('\r')) lastReply_.pop_back();
+    Say(lastReply_);
+  } while (lastReply_.size() < 4 || lastReply_[3] != ' ');
+  return std::atoi(lastReply_.c_str());
 }
 
 // The data connection is opened towards the server, which works behind any firewall that lets the
 // control connection through.
-std::unique_ptr<Stream> FtpClient::StartTransfer(const std::string& command) {
-  const std::optional<int> port = PassivePort(Ask("PASV"));
-  if (!port) return nullptr;
-  ConnectResult data = network_.Connect(host_, *port);
-  if (!data.stream) {
-    output_ << data.failure << std::endl;
+std::unique_ptr<Connection> FtpClient::StartTransfer(const std::string& command) {
+  // "227 Entering Passive Mode (h1,h2,h3,h4,p1,p2)": the port is p1 times 256 and p2.
+  int high = 0;
+  int low = 0;
+  if (Ask("PASV") != 227 ||
+      std::sscanf(lastReply_.c_str(), "%*[^(](%*d,%*d,%*d,%*d,%d,%d", &high, &low) != 2) {
     return nullptr;
   }
-  if (!Ask(command).IsPreliminary()) return nullptr;
-  return std::move(data.stream);
-}
-
-void FtpClient::ShowAmount(std::size_t bytes, std::string_view verb) {
-  output_ << "ftp: " << bytes << " bytes " << verb << '.' << std::endl;
+  std::unique_ptr<Connection> data;
+  try {
+    data = std::make_unique<Connection>(host_, std::to_string(high * 256 + low));
+  } catch (const std::exception& failure) {
+    Say(failure.what());
+    return nullptr;
+  }
+  if (!IsPreliminary(Ask(command))) return nullptr;
+  return data;
 }
 
 }  // namespace tallyrun::practice
