@@ -13,7 +13,6 @@
 #include "app/AutoFill.h"
 #include "app/Summarize.h"
 #include "app/TradeFile.h"
-#include "bench/QuietPlatform.h"
 #include "core/entry/EntryRow.h"
 #include "core/entry/Settings.h"
 #include "core/entry/SortEntries.h"
@@ -22,19 +21,13 @@
 #include "core/masterlists/Lists.h"
 #include "holding/CheckHoldings.h"
 #include "reports/InstructionReport.h"
+#include "tests/support/FakeBusyWindow.h"
+#include "tests/support/RecordingPlatform.h"
 
 namespace tallyrun::bench {
 namespace {
 
 constexpr Date kDay = {2010, 1, 5};
-
-// A window that nobody looks at.
-class NoWindow : public BusyWindow {
- public:
-  std::string Caption() const override { return {}; }
-  void SetCaption(const std::string&) override {}
-  void SetPointer(PointerShape) override {}
-};
 
 // A kilobyte figure of the process's own status, 0 where the system has none.
 long KilobytesOf(const std::string& name) {
@@ -118,7 +111,7 @@ class Day {
 
   std::string work_;
   std::string out_;
-  NoWindow window_;
+  testing::FakeBusyWindow window_;
   FlexGrid grid_;
   Spent whole_;
 };
@@ -133,11 +126,11 @@ int main(int argc, char** argv) {
     return 2;
   }
   const std::string out = std::string(argv[2]) + "/";
-  QuietPlatform platform(out);
-  tallyrun::SetPlatform(&platform);
+  tallyrun::testing::RecordingPlatform platform;
+  platform.programFolder = out;
   Day(std::string(argv[1]) + "/", out).Run();
-  for (const tallyrun::Message& message : platform.Messages()) {
+  for (const tallyrun::Message& message : platform.messages) {
     std::fprintf(stderr, "%s: %s\n", message.title.c_str(), message.text.c_str());
   }
-  return platform.Messages().empty() ? 0 : 1;
+  return platform.messages.empty() ? 0 : 1;
 }

@@ -85,8 +85,8 @@ DayFiles::DayFiles(const DaySize& size, std::uint64_t seed) : random_(seed) {
   DrawAccounts(size.accounts);
   DrawSecurities(size.securities);
   DrawHoldings(size.holdings);
-  DrawTrades(size.trades);
-  DrawBalances();
+  DrawTrades(size.trades, size.isSound);
+  DrawBalances(size.isSound);
 }
 
 void DayFiles::DrawAccounts(std::uint32_t count) {
@@ -132,7 +132,7 @@ void DayFiles::DrawHoldings(std::uint32_t count) {
   }
 }
 
-void DayFiles::DrawTrades(std::uint32_t count) {
+void DayFiles::DrawTrades(std::uint32_t count, bool isSound) {
   const auto accounts = static_cast<std::uint32_t>(accounts_.size());
   for (std::uint32_t at = 0; at < count; ++at) {
     Trade trade;
@@ -142,7 +142,7 @@ void DayFiles::DrawTrades(std::uint32_t count) {
     trade.isSale = !random_.OneIn(10);
     const std::size_t first = FirstHoldingOf(trade.account);
     const auto held = static_cast<std::uint32_t>(FirstHoldingOf(trade.account + 1) - first);
-    if (held == 0 || random_.OneIn(5000)) {
+    if (held == 0 || (!isSound && random_.OneIn(5000))) {
       trade.security = random_.Below(static_cast<std::uint32_t>(securities_.size()));
     } else {
       Holding& holding = holdings_[first + random_.Below(held)];
@@ -153,9 +153,9 @@ void DayFiles::DrawTrades(std::uint32_t count) {
   }
 }
 
-void DayFiles::DrawBalances() {
+void DayFiles::DrawBalances(bool isSound) {
   for (Holding& holding : holdings_) {
-    const bool isShort = holding.sold > 0 && random_.OneIn(1000);
+    const bool isShort = !isSound && holding.sold > 0 && random_.OneIn(1000);
     holding.balance = isShort ? holding.sold - 5 : holding.sold + random_.Below(1000) * 10;
   }
 }

@@ -28,11 +28,12 @@ struct DaySize {
   std::uint32_t accounts = 0;
   std::uint32_t securities = 0;
   std::uint32_t holdings = 0;
+  bool isSound = false;  // no sale without its holding
 };
 
 // Every account holds its share of `holdings` securities and trades mostly in them; some accounts
 // trade much more than others. Nine trades in ten are sales. A few sales exceed the holding, and
-// a few have none at all.
+// a few have none at all, unless the day is to be sound.
 class DayFiles {
  public:
   DayFiles(const DaySize& size, std::uint64_t seed);
@@ -71,8 +72,8 @@ class DayFiles {
   void DrawAccounts(std::uint32_t count);
   void DrawSecurities(std::uint32_t count);
   void DrawHoldings(std::uint32_t count);
-  void DrawTrades(std::uint32_t count);
-  void DrawBalances();
+  void DrawTrades(std::uint32_t count, bool isSound);
+  void DrawBalances(bool isSound);
   std::size_t FirstHoldingOf(std::uint32_t account) const;
 
   Random random_;

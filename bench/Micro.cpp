@@ -12,8 +12,6 @@
 #include "core/masterlists/Lists.h"
 #include "core/masterlists/Lookups.h"
 #include "core/text/Conversion.h"
-#include "core/text/SeparatorScan.h"
-#include "holding/TextMatcher.h"
 
 namespace tallyrun::bench {
 namespace {
@@ -37,18 +35,6 @@ std::vector<std::string> FieldsOf(const RecordList& list, int field) {
   }
   return texts;
 }
-
-void SplitTradeFile(benchmark::State& state) {
-  const std::string text = Files().TradeFile();
-  for (auto _ : state) {
-    std::size_t fields = 0;
-    ForEachSeparator(text, '|', '\n', [&fields](std::size_t place) { fields += place & 1; });
-    benchmark::DoNotOptimize(fields);
-  }
-  state.SetItemsProcessed(state.iterations() * kSize.trades);
-  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(text.size()));
-}
-BENCHMARK(SplitTradeFile);
 
 void LookUp(benchmark::State& state, int field, const std::string& ending,
             std::string (*lookup)(std::string_view)) {
@@ -103,25 +89,6 @@ void SortSortedSheet(benchmark::State& state) {
 }
 BENCHMARK(SortSortedSheet)->Unit(benchmark::kMillisecond);
 
-void FindTextsInHoldings(benchmark::State& state) {
-  LoadLists();
-  const std::string holdings = Files().HoldingFile();
-  std::vector<std::string> kept = FieldsOf(BoList, BoField::kBoId);
-  for (const std::string& isin : FieldsOf(IsinList, IsinField::kIsinCode)) kept.push_back(isin);
-  const TextMatcher matcher(std::vector<std::string_view>(kept.begin(), kept.end()));
-  for (auto _ : state) {
-    std::size_t matches = 0;
-    matcher.ForEachLine({holdings, true}, [&matches](std::size_t, std::size_t, const auto& found) {
-      matches += found.size();
-      return true;
-    });
-    benchmark::DoNotOptimize(matches);
-  }
-  state.SetItemsProcessed(state.iterations() * kSize.holdings);
-  state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(holdings.size()));
-}
-BENCHMARK(FindTextsInHoldings)->Unit(benchmark::kMillisecond);
-
 void ReadDate(benchmark::State& state) {
   const std::string texts[] = {"03-01-2010", "5 Feb 2010", "2010-01-04"};
   std::size_t at = 0;
@@ -148,14 +115,13 @@ void PaintOnePage(benchmark::State& state) {
   grid.SetPageRows(40);
   const GridSizes sizes = {.clientWidth = 1200, .clientHeight = 820};
   Random random(3);
-  CellScratch scratch;
   for (auto _ : state) {
     grid.SetTopRow(1 + static_cast<int>(random.Below(kSize.trades)));
     const GridGeometry geometry(grid, sizes);
     geometry.ForEachCell({0, 0, sizes.clientWidth, sizes.clientHeight},
                          [&](int row, int col, const GridRect& cell) {
                            benchmark::DoNotOptimize(cell);
-                           benchmark::DoNotOptimize(grid.View(row, col, scratch));
+                           benchmark::DoNotOptimize(grid.Text(row, col));
                          });
   }
 }
@@ -164,11 +130,10 @@ BENCHMARK(PaintOnePage);
 void ReadCells(benchmark::State& state) {
   FlexGrid grid;
   FillSheet(grid);
-  CellScratch scratch;
   Random random(2);
   for (auto _ : state) {
     const int row = 1 + static_cast<int>(random.Below(kSize.trades));
-    benchmark::DoNotOptimize(grid.View(row, EntryColumn::kBoId, scratch));
+    benchmark::DoNotOptimize(grid.Text(row, EntryColumn::kBoId));
   }
 }
 BENCHMARK(ReadCells);

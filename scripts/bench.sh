@@ -13,9 +13,9 @@ rounds=5
 
 scripts/setup.sh mawk sqlite3 libbenchmark-dev
 cmake --preset bench >/dev/null
-cmake --build build/bench --target generate day limit micro | tail -n 1
+cmake --build build/bench --target generate day micro | tail -n 1
 cmake --preset windows >/dev/null
-cmake --build build/windows --target Tallyrun large_sheet_tests start_time | tail -n 1
+cmake --build build/windows --target Tallyrun window_times start_time | tail -n 1
 
 memory=/dev/shm
 [[ -w $memory ]] || memory=${TMPDIR:-/tmp}

@@ -1,6 +1,6 @@
 #include "tests/support/RecordingPlatform.h"
 
-#include <gtest/gtest.h>
+#include <stdexcept>
 
 namespace tallyrun::testing {
 namespace {
@@ -33,8 +33,10 @@ RecordingPlatform::~RecordingPlatform() {
 }
 
 Message RecordingPlatform::TakeMessage() {
-  EXPECT_EQ(messages.size(), 1u);
-  Message message = messages.empty() ? Message{} : messages.back();
+  if (messages.size() != 1) {
+    throw std::logic_error(std::to_string(messages.size()) + " boxes instead of one");
+  }
+  Message message = messages.back();
   messages.clear();
   return message;
 }
