@@ -11,7 +11,6 @@
 #include "core/grid/GridGeometry.h"
 #include "core/masterlists/Lists.h"
 #include "core/masterlists/Lookups.h"
-#include "core/text/Conversion.h"
 
 namespace tallyrun::bench {
 namespace {
@@ -89,25 +88,6 @@ void SortSortedSheet(benchmark::State& state) {
 }
 BENCHMARK(SortSortedSheet)->Unit(benchmark::kMillisecond);
 
-void ReadDate(benchmark::State& state) {
-  const std::string texts[] = {"03-01-2010", "5 Feb 2010", "2010-01-04"};
-  std::size_t at = 0;
-  for (auto _ : state) benchmark::DoNotOptimize(ToDate(texts[at++ % std::size(texts)]));
-}
-BENCHMARK(ReadDate);
-
-void WriteDate(benchmark::State& state) {
-  for (auto _ : state) benchmark::DoNotOptimize(FormatDdMmmYyyy({2010, 1, 5}));
-}
-BENCHMARK(WriteDate);
-
-void ReadNumber(benchmark::State& state) {
-  const std::string texts[] = {"1500", "27,500", "(12.50)"};
-  std::size_t at = 0;
-  for (auto _ : state) benchmark::DoNotOptimize(ToDouble(texts[at++ % std::size(texts)]));
-}
-BENCHMARK(ReadNumber);
-
 // A window of forty rows, somewhere in the sheet.
 void PaintOnePage(benchmark::State& state) {
   FlexGrid grid;
@@ -126,29 +106,6 @@ void PaintOnePage(benchmark::State& state) {
   }
 }
 BENCHMARK(PaintOnePage);
-
-void ReadCells(benchmark::State& state) {
-  FlexGrid grid;
-  FillSheet(grid);
-  Random random(2);
-  for (auto _ : state) {
-    const int row = 1 + static_cast<int>(random.Below(kSize.trades));
-    benchmark::DoNotOptimize(grid.Text(row, EntryColumn::kBoId));
-  }
-}
-BENCHMARK(ReadCells);
-
-void WriteCells(benchmark::State& state) {
-  FlexGrid grid;
-  FillSheet(grid);
-  const std::vector<std::string> texts = {"77023100" + std::to_string(10'000'007), "C4711", "500"};
-  int row = 1;
-  for (auto _ : state) {
-    grid.SetText(row, EntryColumn::kBoId, texts[static_cast<std::size_t>(row) % texts.size()]);
-    row = 1 + row % (grid.Rows() - 1);
-  }
-}
-BENCHMARK(WriteCells);
 
 }  // namespace
 }  // namespace tallyrun::bench
