@@ -32,20 +32,5 @@ TEST_F(ListBackupsTest, ABackupIsTakenOfTheSavedFileListedAndLoaded) {
   EXPECT_EQ(RowsOf(grid), Texts{"1|main|M|C1\r"});
 }
 
-TEST_F(ListBackupsTest, DeletingAsksFirstAndRefusesTheMainFile) {
-  folder.Write("BO.txt", "main");
-  folder.Write(kFile, "old");
-  EXPECT_FALSE(DeleteBackup(kBoKind, "BO.txt"));
-  EXPECT_EQ(platform.TakeMessage().title, "Deletion Failed");
-  EXPECT_FALSE(DeleteBackup(kBoKind, kEntry));
-  EXPECT_EQ(platform.TakeMessage().title, "Delete Confirmation");
-  EXPECT_EQ(folder.EntryCount(), 2);
-  platform.answers = {MessageAnswer::Yes, MessageAnswer::Yes};
-  EXPECT_TRUE(DeleteBackup(kBoKind, kEntry));
-  EXPECT_FALSE(folder.Has(kFile));
-  EXPECT_EQ(platform.messages.back().title, "Delete Succeeded");
-  EXPECT_THROW(DeleteBackup(kBoKind, kEntry), RuntimeError);  // another program was faster
-}
-
 }  // namespace
 }  // namespace tallyrun::testing

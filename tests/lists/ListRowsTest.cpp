@@ -19,9 +19,6 @@ TEST_F(ListRows, TheFirstRowWithTheTextInAnyDataCellIsFound) {
   const std::pair<const char*, int> cases[] = {
       {"14", 3}, {"ABC", 3}, {"abc", 2}, {"4", 3}, {"MEHROTRAC", 0}, {"C006", 4}, {"nobody", 0}};
   for (const auto& [text, row] : cases) EXPECT_EQ(FindRowContaining(grid, text), row) << text;
-  TellNotInList(kIsinKind);
-  EXPECT_EQ(platform.TakeMessage(), (Message{"There is no such ISIN in the list.", "BO Not Found.",
-                                             MessageIcon::Critical}));
 }
 
 TEST_F(ListRows, ABlankRowHasNothingButBlanksInItsDataCellsAndIsToldAndSelected) {

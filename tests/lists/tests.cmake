@@ -3,4 +3,7 @@ list(APPEND portable_tests
   lists/ListExchangeTest.cpp
   lists/ListRowsTest.cpp
 )
-list(APPEND windows_tests lists/frmListTest.cpp)
+list(APPEND windows_tests
+  lists/frmListFilesTest.cpp
+  lists/frmListTest.cpp
+)

@@ -63,6 +63,13 @@ void ClickOn(const Control& control) {
   Pump();
 }
 
+void MouseOnCell(const FlexGridControl& grid, UINT message, int row, int col) {
+  const GridRect cell = grid.CellBounds(row, col);
+  PostMessageA(grid.Handle(), message, 0,
+               MAKELPARAM(cell.left + cell.width / 2, cell.top + cell.height / 2));
+  Pump();
+}
+
 void PressKey(int virtualKey) {
   const auto key = static_cast<WPARAM>(virtualKey);
   PostMessageA(GetFocus(), WM_KEYDOWN, key, KeyParameter(virtualKey, false));

@@ -8,6 +8,7 @@
 
 #include "core/text/Conversion.h"
 #include "ui/DatePicker.h"
+#include "ui/FlexGridControl.h"
 #include "ui/Form.h"
 
 namespace tallyrun::testing {
@@ -46,6 +47,9 @@ C& ControlOf(const Form& form, int id) {
 
 // Presses and releases the left mouse button in the middle of the control, and handles it.
 void ClickOn(const Control& control);
+
+// Sends a mouse message to the middle of the cell, and handles it.
+void MouseOnCell(const FlexGridControl& grid, UINT message, int row, int col);
 
 // Presses and releases a key in the window with the focus, and handles it. The key passes
 // through the message loop, as a real one does.
