@@ -7,26 +7,6 @@
 namespace tallyrun::testing {
 namespace {
 
-TEST(EditableColumnsTest, EachTriggerHasItsOwnTable) {
-  const struct {
-    EditTrigger trigger;
-    bool freeEntry;
-    const char* editable;  // one mark per column, 0 to 12
-  } cases[] = {
-      {EditTrigger::Enter, false, "--xxxxx-xx-x-"},
-      {EditTrigger::DoubleClick, false, "---xxxx-xx-x-"},
-      {EditTrigger::Enter, true, "xxxxxxxxxxxxx"},
-      {EditTrigger::DoubleClick, true, "---xxxxxxxxx-"},
-  };
-  for (const auto& each : cases) {
-    std::string editable;
-    for (int col = 0; col < EntryColumn::kCount; ++col) {
-      editable += IsEditable(col, each.trigger, each.freeEntry) ? 'x' : '-';
-    }
-    EXPECT_EQ(editable, each.editable) << each.freeEntry;
-  }
-}
-
 class CellRulesTest : public EntrySheetFixture {
  protected:
   // The row before every case: all cells that a rule may fill hold something.

@@ -29,7 +29,7 @@ class frmMainSendTest : public MainWindowFixture {
                                "1201950000000001 KX0001000011 100");
     platform.onMessage = [this](const Message& message) {
       captions.push_back(window.Caption() + (IsHourglass() ? " (hourglass)" : ""));
-      if (message.buttons == MessageButtons::YesNo) platform.answers = {MessageAnswer::Yes};
+      if (message.buttons == MessageButtons::YesNo) platform.answers = {answer};
     };
     platform.onStart = [this](const std::string& commandLine, WindowMode) {
       if (commandLine.find("ftp2KTX.bat") != std::string::npos) {
@@ -45,6 +45,14 @@ class frmMainSendTest : public MainWindowFixture {
   void FillSheet() {
     FillRows(Sheet(), {"1|123456|1201950000009999|03-Jan-2010|05-Jan-2010|C1|1201950000000001|"
                        "ANN ALDER|ALPHAM|KX0001000011|ALPHA MILLS LTD|100|I1234560301101"});
+  }
+
+  void AddRowLikeTheFirst() {
+    const int added = Sheet().Rows();
+    Sheet().SetRows(added + 1);
+    for (int col = 0; col < Sheet().Cols(); ++col) {
+      Sheet().SetText(added, col, Sheet().Text(1, col));
+    }
   }
 
   void Send(std::deque<std::string> clientOutputs = {}) {
@@ -66,7 +74,8 @@ class frmMainSendTest : public MainWindowFixture {
     EXPECT_FALSE(IsHourglass());
   }
 
-  std::string holdingFile;
+  MessageAnswer answer = MessageAnswer::Yes;
+  std::optional<std::string> holdingFile;
   std::deque<std::string> outputs;  // of the client, transfer after transfer
   std::function<void()> onTransfer;
   std::vector<std::string> captions;  // at every box and every transfer
@@ -76,29 +85,52 @@ TEST_F(frmMainSendTest, EveryStopPutsCaptionAndPointerBack) {
   const auto set = [this](int col, const char* text) {
     return [this, col, text] { Sheet().SetText(1, col, text); };
   };
-  const std::vector<std::pair<const char*, std::function<void()>>> stops = {
-      {"Missing BO Name", set(EntryColumn::kBoName, " ")},
-      {"Invalid BOID", set(EntryColumn::kBoName, "BO NAME NOT FOUND")},
-      {"Invalid ISIN Code", set(EntryColumn::kIsinName, "ISIN NAME NOT FOUND")},
-      {"Invalid Internal Ref. No.", set(EntryColumn::kInternalRef, "O1")},
-      {"Not Summarized.",
+  const struct {
+    const char *title, *text;
+    std::function<void()> prepare;
+  } stops[] = {
+      {"Missing BO Name", "BO Name is not given in row number 1.", set(EntryColumn::kBoName, " ")},
+      {"Invalid ISIN Code", "ISIN Code is not entered correctly in row number 1.",
+       set(EntryColumn::kIsinName, "ISIN NAME NOT FOUND")},
+      // An unknown account goes first, in whichever row.
+      {"Invalid BOID", "BOID is not entered correctly in row number 2.",
        [&] {
-         Sheet().SetRows(3);
-         for (int col = 0; col < 13; ++col) Sheet().SetCell(2, col, Sheet().Cell(1, col));
+         Sheet().SetText(1, EntryColumn::kIsinName, "ISIN NAME NOT FOUND");
+         AddRowLikeTheFirst();
+         Sheet().SetText(2, EntryColumn::kBoName, "BO NAME NOT FOUND");
        }},
-      {"Empty File.", [&] { holdingFile = folder.Write("empty.txt", ""); }},
-      {"Holding Check Error.", [&] { holdingFile = folder.Path() + "gone.txt"; }},
+      {"Invalid Internal Ref. No.",
+       "For Pay In entries Internal Ref. No. must start with \"I\" .\r\nCheck row number 1.",
+       set(EntryColumn::kInternalRef, "O1")},
+      // Equal rows are found wherever they stand: the rows are sorted first.
+      {"Not Summarized.", "Please summarize records before sending.",
+       [&] {
+         AddRowLikeTheFirst();
+         AddRowLikeTheFirst();
+         Sheet().SetText(2, EntryColumn::kBoId, "1201950000000002");
+       }},
+      {"Holding Not Checked.", "You must select a holding file(DPA6UX.TXT) before sending to KTX.",
+       [] {}},
   };
-  for (const auto& [title, prepare] : stops) {
-    SCOPED_TRACE(title);
+  holdingFile.reset();
+  for (const auto& each : stops) {
+    SCOPED_TRACE(each.title);
     FillSheet();
-    prepare();
+    each.prepare();
     Send();
-    ASSERT_EQ(platform.messages.size(), 2u);
-    EXPECT_EQ(platform.messages[1].title, title);
+    EXPECT_THAT(
+        platform.messages,
+        ElementsAre(Message{"Are you sure to send the entered records to KTX as Pay In file of "
+                            "05-Jan-2010 ?",
+                            "Pay In of 05-Jan-2010 Send Confirmation", MessageIcon::Question,
+                            MessageButtons::YesNo},
+                    Message{each.text, each.title, MessageIcon::Critical}));
     EXPECT_EQ(captions.size(), 2u);  // no transfer was started
     ExpectIdle();
   }
+  answer = MessageAnswer::No;
+  Send();
+  EXPECT_THAT(captions, ElementsAre(kIdle));
 }
 
 TEST_F(frmMainSendTest, AnErrorInTheUploadLeavesItsProgressOnScreenAndOneBeforeDoesNot) {

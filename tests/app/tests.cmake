@@ -10,6 +10,8 @@ list(APPEND portable_tests
 )
 list(APPEND windows_tests
   app/LargeSheetTest.cpp
+  app/frmMainCheckTest.cpp
   app/frmMainSendTest.cpp
+  app/frmMainSheetTest.cpp
   app/frmMainTest.cpp
 )

@@ -57,18 +57,6 @@ struct CheckHoldingsTest : ProgramFixture {
                      [this] { shown += HoldingMessage; }};
 };
 
-TEST_F(CheckHoldingsTest, WithoutAProperFileTheSendStops) {
-  EXPECT_TRUE(CheckHoldings(check));
-  EXPECT_EQ(platform.TakeMessage().title, "Holding Not Checked.");
-  EXPECT_TRUE(CheckAgainst(""));
-  EXPECT_EQ(platform.TakeMessage().title, "Empty File.");
-  platform.files = {folder / "gone.txt"};
-  EXPECT_TRUE(CheckHoldings(check));
-  EXPECT_EQ(platform.TakeMessage().title, "Holding Check Error.");
-  EXPECT_TRUE(CheckAgainst("Holdings :\r\nReport for A :"));
-  EXPECT_EQ(platform.TakeMessage().title, "Holding Check Error.");
-}
-
 TEST_F(CheckHoldingsTest, EveryRowIsHeldAgainstItsFirstHoldingLine) {
   const struct {
     std::vector<std::string> rows;

@@ -1,0 +1,193 @@
+// What the main window's buttons, menu and double click do to the rows of the sheet.
+#include <gmock/gmock.h>
+
+#include "tests/support/GridText.h"
+#include "tests/support/MainWindowFixture.h"
+
+namespace tallyrun::testing {
+namespace {
+
+using namespace frmMainIds;
+using ::testing::ElementsAre;
+using ::testing::FieldsAre;
+using ::testing::IsEmpty;
+
+Message Question(const std::string& text, const std::string& title) {
+  return {text, title, MessageIcon::Question, MessageButtons::YesNo};
+}
+
+const Message kSummarize =
+    Question("Are you sure to summarize individual BOs ISIN quantities?", "Confirm Summarize");
+
+class frmMainSheetTest : public MainWindowFixture {
+ protected:
+  enum MenuItemNumber { kCopy = 1, kPaste, kDelete };
+
+  void Mouse(UINT message, int row, int col) {
+    MouseOnCell(On<FlexGridControl>(kFlxEntries), message, row, col);
+  }
+
+  // Clicks the cell with the right button, goes down to the item of the menu and takes it.
+  void ChooseFromMenu(int row, int col, MenuItemNumber item) {
+    bool chosen = false;
+    const Meanwhile choose([&] {
+      const HWND menu = FindWindowA("#32768", nullptr);
+      if (menu == nullptr || !IsWindowVisible(menu)) return false;
+      for (int steps = item; steps > 0; --steps) {
+        PostMessageA(window.Handle(), WM_KEYDOWN, VK_DOWN, 0);
+      }
+      PostMessageA(window.Handle(), WM_KEYDOWN, VK_RETURN, 0);
+      return chosen = true;
+    });
+    Mouse(WM_RBUTTONDOWN, row, col);
+    Mouse(WM_RBUTTONUP, row, col);
+    EXPECT_TRUE(chosen);
+  }
+
+  static std::string Row(std::string_view boId, std::string_view quantity,
+                         std::string_view reference = "old") {
+    return EntryCells({{EntryColumn::kTradeDate, "03-Jan-2010"},
+                       {EntryColumn::kBoId, boId},
+                       {EntryColumn::kIsinCode, "X"},
+                       {EntryColumn::kQuantity, quantity},
+                       {EntryColumn::kInternalRef, reference}});
+  }
+  // The rows without their serial numbers.
+  std::vector<std::string> Rows() {
+    std::vector<std::string> rows = RowsOf(Sheet());
+    for (std::string& row : rows) row.erase(0, row.find('|'));
+    return rows;
+  }
+};
+
+TEST_F(frmMainSheetTest, SummarizeAsksSortsMergesAndNumbersAnew) {
+  const std::vector<std::string> rows = {Row("B", "5"), Row("A", "1"), Row("B", "7")};
+  const struct {
+    MessageAnswer answer;
+    const char* quantity;  // of the first row
+    std::vector<Message> boxes;
+    std::vector<std::string> left;
+  } cases[] = {
+      {MessageAnswer::No, "5", {kSummarize}, rows},
+      {MessageAnswer::Yes,
+       "5",
+       {kSummarize},
+       {Row("A", "1", "I1234560301101"), Row("B", "12", "I1234560301102")}},
+      // Where it ends with an error the reference numbers stay as they are.
+      {MessageAnswer::Yes,
+       "many",
+       {kSummarize, {"Type mismatch"}},
+       {Row("A", "1"), Row("B", "7"), Row("B", "many")}},
+  };
+  for (const auto& each : cases) {
+    FillRows(Sheet(), rows);
+    Sheet().SetText(1, EntryColumn::kQuantity, each.quantity);
+    platform.messages.clear();
+    platform.answers = {each.answer};
+    Click(kBtnSummarize);
+    EXPECT_EQ(platform.messages, each.boxes);
+    EXPECT_EQ(Rows(), each.left);
+  }
+}
+
+TEST_F(frmMainSheetTest, AnImportAndAutoFillLeaveTheRowsSorted) {
+  platform.files = {folder.Write("PayOut_05-01-2010.TXT",
+                                 "0|BRAVOB|2|B|5|5|C2|7|8|9|03-01-2010\r\n"
+                                 "0|ALPHAM|2|S|7|5|C2|7|8|9|03-01-2010\r\n"
+                                 "0|ALPHAM|2|B|6|5|C1|7|8|9|03-01-2010")};
+  Click(kBtnLoadFromBTFile);
+  EXPECT_THAT(platform.fileRequests,
+              ElementsAre(FieldsAre("Choose Text FIle",
+                                    ElementsAre(FieldsAre("Text files (*.TXT)", "*.TXT"),
+                                                FieldsAre("All Files (*.*)", "*.*")))));
+  EXPECT_THAT(platform.messages, IsEmpty());
+  EXPECT_EQ(EntryMode, kPayOut);
+  EXPECT_THAT(ColumnOf(Sheet(), EntryColumn::kQuantity), ElementsAre("6", "5"));
+  EXPECT_THAT(ColumnOf(Sheet(), EntryColumn::kSerial), ElementsAre("1", "2"));
+
+  FillRows(Sheet(), {"1|||03-Jan-2010||C2", "2|||03-Jan-2010||C1"});
+  Click(kBtnAutoFields);
+  EXPECT_THAT(ColumnOf(Sheet(), EntryColumn::kBoName), ElementsAre("ANN ALDER", "BEN BIRCH"));
+  EXPECT_EQ(Sheet().Text(2, EntryColumn::kDeliveryDate), "05-Jan-2010");
+}
+
+TEST_F(frmMainSheetTest, SaveAndReloadNameTheDaysFileAndADeclinedSwitchSkipsOneReload) {
+  const std::string file = "06-Jan-2010_PI_123456.txt";
+  const Message save =
+      Question("Are you sure to save the Pay In file of 06-Jan-2010 ?", "Save Confirmation");
+  const Message load =
+      Question("Are you sure to load the Pay In file of 06-Jan-2010 ?", "Load Confirmation");
+  FillRows(Sheet(), {Row("A", "saved")});
+  Click(kBtnSave);
+  EXPECT_EQ(platform.TakeMessage(), save);
+  EXPECT_FALSE(folder.Has(file));
+  platform.answers = {MessageAnswer::Yes};
+  Click(kBtnSave);
+  EXPECT_THAT(platform.messages,
+              ElementsAre(save, Message{"Pay In file of 06-Jan-2010 saved successfully.",
+                                        "File Saved.", MessageIcon::Information}));
+  EXPECT_TRUE(folder.Has(file));
+  Sheet().SetText(1, EntryColumn::kQuantity, "edited");
+  const std::vector<std::string> edited = RowsOf(Sheet());
+  Click(kOptPayOut);  // declined
+  for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes, MessageAnswer::Yes}) {
+    EXPECT_EQ(RowsOf(Sheet()), edited);
+    platform.messages.clear();
+    platform.answers = {answer};
+    Click(kBtnReload);
+    EXPECT_EQ(platform.TakeMessage(), load);
+  }
+  EXPECT_EQ(Sheet().Text(1, EntryColumn::kQuantity), "saved");
+}
+
+TEST_F(frmMainSheetTest, TheMenuCopiesPastesAndDeletes) {
+  FillRows(Sheet(), {"1|||||C1|id|name", "2", "3", "4"});
+  ChooseFromMenu(4, EntryColumn::kBoId, kPaste);  // nothing was copied yet
+  ChooseFromMenu(1, EntryColumn::kQuantity, kCopy);
+  Sheet().SetRow(2);
+  Sheet().SetCol(EntryColumn::kBoId);
+  Sheet().SetRowSel(3);
+  ChooseFromMenu(3, EntryColumn::kBoId, kPaste);  // a click on the block leaves it selected
+  const auto rows = [this] { return RowsOf(Sheet()); };
+  EXPECT_THAT(rows(), ElementsAre("1|||||C1|id|name|||||", "2|||||C1|id|name|||||",
+                                  "3|||||C1|id|name|||||", "4||||||||||||"));
+  ChooseFromMenu(1, EntryColumn::kClientCode, kDelete);
+  EXPECT_EQ(platform.TakeMessage().title, "Delete Confirmation");
+  platform.answers = {MessageAnswer::Yes};
+  ChooseFromMenu(1, EntryColumn::kClientCode, kDelete);
+  EXPECT_THAT(rows(),
+              ElementsAre("1|||||C1|id|name|||||", "2|||||C1|id|name|||||", "3||||||||||||"));
+}
+
+TEST_F(frmMainSheetTest, EnterAndDoubleClickOpenTheCellsThatFreeEntryAllows) {
+  const struct {
+    bool freeEntry, doubleClick;
+    const char* editable;  // one mark for each column, 0 to 12
+  } cases[] = {
+      {false, false, "--xxxxx-xx-x-"},
+      {false, true, "---xxxx-xx-x-"},
+      {true, false, "xxxxxxxxxxxxx"},
+      {true, true, "---xxxxxxxxx-"},
+  };
+  Edit(1, EntryColumn::kClientCode);  // the editors are made with the first edit
+  PressKey(VK_ESCAPE);
+  for (const auto& each : cases) {
+    if (On<CheckBox>(kChkFreeEntry).Value() != each.freeEntry) Click(kChkFreeEntry);
+    std::string opened;
+    for (int col = 0; col < EntryColumn::kCount; ++col) {
+      each.doubleClick ? Mouse(WM_LBUTTONDBLCLK, 1, col) : Edit(1, col);
+      const bool isOpen = On(kTxtEditor).Visible() || On(kDtpDate).Visible();
+      opened += isOpen ? 'x' : '-';
+      if (isOpen) PressKey(VK_ESCAPE);
+    }
+    EXPECT_EQ(opened, each.editable) << each.freeEntry << each.doubleClick;
+  }
+  EditText(1, EntryColumn::kClientCode, "C1");
+  EXPECT_EQ(Sheet().Text(1, EntryColumn::kBoName), "");
+  Click(kChkFreeEntry);
+  EditText(1, EntryColumn::kClientCode, "C2");
+  EXPECT_EQ(Sheet().Text(1, EntryColumn::kBoName), "BEN BIRCH");
+}
+
+}  // namespace
+}  // namespace tallyrun::testing
