@@ -42,23 +42,24 @@ struct ListExchange : ProgramFixture {
 
 TEST_F(ListExchange, EachOutcomeIsToldBehindTheCaptionAndLeavesItsFiles) {
   const struct {
-    const char *kind, *output, *download, *text, *title, *isinFile;
+    const char *kind, *output, *download, *text, *title;
+    MessageIcon icon;
+    const char* isinFile;
     int filesLeft;
-  } cases[] = {
-      {kBoKind, kDone, "", "List of BOs sent to KTX successfully.", "Send succeeded", "old", 1},
-      {kBoKind, "226 transfer COMPLETE.", "", "List of BOs not sent to KTX.", "Send failed", "old",
-       1},
-      {kIsinKind, "425 Lost.", "half", "List of ISINs not received from KTX.", "Receive failed",
-       "old", 1},
-      {kIsinKind, kDone, kNewList, "List of ISINs received from KTX successfully.",
-       "Recieve succeeded", kNewList, 2}};
+  } cases[] = {{kBoKind, kDone, "", "List of BOs sent to KTX successfully.", "Send succeeded",
+                MessageIcon::Information, "old", 1},
+               {kBoKind, "226 transfer COMPLETE.", "", "List of BOs not sent to KTX.",
+                "Send failed", MessageIcon::Critical, "old", 1},
+               {kIsinKind, "425 Lost.", "half", "List of ISINs not received from KTX.",
+                "Receive failed", MessageIcon::Critical, "old", 1},
+               {kIsinKind, kDone, kNewList, "List of ISINs received from KTX successfully.",
+                "Recieve succeeded", MessageIcon::Information, kNewList, 2}};
   folder.Write("ISIN.txt", "old");
   for (const auto& each : cases) {
     output = each.output;
     download = each.download;
     Exchange(each.kind, {"1|1201950000000017|Jos\xE9|C001"});
-    EXPECT_EQ(platform.messages.back().title, each.title);
-    EXPECT_EQ(platform.TakeMessage().text, each.text);
+    EXPECT_EQ(platform.TakeMessage(), (Message{each.text, each.title, each.icon}));
     EXPECT_EQ(captionAtOutcome, std::string(kCaption) + "..." + each.text);
     ExpectWindow(kCaption);
     EXPECT_EQ(folder.Read("ISIN.txt"), each.isinFile);

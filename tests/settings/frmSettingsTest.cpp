@@ -17,6 +17,23 @@ struct frmSettingsTest : ProgramFixture {
   frmSettings form;
 };
 
+TEST_F(frmSettingsTest, OpensWithTheSettingsAsTheyStand) {
+  EXPECT_EQ(form.Caption(), "Tallyrun v1.0 : Settings");
+  const std::tuple<const Label&, const TextBox&, std::string, std::string> rows[] = {
+      {form.lblBrokerID, form.txtBrokerID, "Broker ID :", "123456"},
+      {form.lblClearingBOID, form.txtClearingBOID, "Clearing BOID :", "1201950000009999"},
+      {form.lblDefaultBOIDFormat, form.txtDefaultBOIDFormat, "BOID Format :", "1201950000000000"},
+      {form.lblBackupPath, form.txtBackupPath, "Backup Location :", folder.Path()},
+  };
+  int above = 0;
+  for (const auto& [label, box, caption, value] : rows) {
+    EXPECT_EQ(label.Text(), caption);
+    EXPECT_EQ(box.Text(), value);
+    EXPECT_GT(box.Bounds().y, above);
+    EXPECT_EQ(label.Bounds().y, above = box.Bounds().y);
+  }
+}
+
 TEST_F(frmSettingsTest, SaveTrimsTheBoxesAlsoWhenAValueIsRefused) {
   form.txtBrokerID.SetText("  654321 ");
   form.txtClearingBOID.SetText(" 12 ");
@@ -27,7 +44,8 @@ TEST_F(frmSettingsTest, SaveTrimsTheBoxesAlsoWhenAValueIsRefused) {
 
   form.txtClearingBOID.SetText(Settings.clearingBoid);
   ClickOn(form.btnSave);
-  EXPECT_EQ(platform.TakeMessage().text, "Settings saved successfully.");
+  EXPECT_EQ(platform.TakeMessage(), (Message{"Settings saved successfully.", "Saved successfully.",
+                                             MessageIcon::Information}));
   EXPECT_EQ(Settings.brokerId, "654321");
   EXPECT_TRUE(form.IsLoaded());
 }
@@ -38,6 +56,7 @@ TEST_F(frmSettingsTest, BrowseTakesTheFolderAndCancelKeepsTheTypedOne) {
   form.txtBackupPath.SetText(" C:\\typed ");
   ClickOn(form.btnSetBackupLocation);
   ASSERT_EQ(platform.folderRequests.size(), 1u);
+  EXPECT_EQ(platform.folderRequests[0].prompt, "Select a backup location.");
   EXPECT_EQ(platform.folderRequests[0].startFolder, "C:\\typed");
   EXPECT_EQ(form.txtBackupPath.Text(), " C:\\typed ");
 

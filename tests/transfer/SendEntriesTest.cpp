@@ -42,27 +42,22 @@ struct SendEntriesTest : ProgramFixture {
   std::string savedCaption = "Tallyrun v1.0 : Pay In", captionOfBox, script;
 };
 
-TEST_F(SendEntriesTest, TheQuestionNamesModeAndDay) {
-  platform.answers = {MessageAnswer::Yes};
-  EXPECT_TRUE(ConfirmSend({2010, 1, 5}));
-  EXPECT_EQ(platform.TakeMessage().title, "Pay In of 05-Jan-2010 Send Confirmation");
-  EXPECT_FALSE(ConfirmSend({2010, 1, 5}));
-}
-
 TEST_F(SendEntriesTest, TheCheckStopsWhenTheFileIsThereOrNothingCouldBeFoundOut) {
+  const Message alreadySent = {"File already sent. Your sent file will be shown now.",
+                               kApplicationTitle, MessageIcon::Critical};
   const struct {
     std::optional<std::string> output, localFile;
     bool stops, filesLeft;
-    const char* message;
-  } cases[] = {
-      {"550 The System cannot find the file specified.\r\n", {}, false, false, ""},
-      {kComplete, "", false, true, ""},
-      {"Not connected.", {}, true, true, "File not found"},
-      {{}, {}, true, true, "File not found"},
-      {kComplete, "x", true, false, "File already sent. Your sent file will be shown now."},
-      {"", "x", true, false, "File already sent. Your sent file will be shown now."}};
+    std::vector<Message> boxes;
+  } cases[] = {{"550 The System cannot find the file specified.\r\n", {}, false, false, {}},
+               {kComplete, "", false, true, {}},
+               {"Not connected.", {}, true, true, {{"File not found"}}},
+               {{}, {}, true, true, {{"File not found"}}},
+               {kComplete, "x", true, false, {alreadySent}},
+               {"", "x", true, false, {alreadySent}}};
   for (const auto& each : cases) {
-    SCOPED_TRACE(each.output.value_or("no output") + each.message);
+    SCOPED_TRACE(each.output.value_or("no output"));
+    platform.messages.clear();
     for (const char* name : {kFileName, "out.txt", "ftp2KTX.txt", "ftp2KTX.bat"}) {
       folder.Remove(name);
     }
@@ -70,7 +65,7 @@ TEST_F(SendEntriesTest, TheCheckStopsWhenTheFileIsThereOrNothingCouldBeFoundOut)
     EXPECT_EQ(CheckAlreadySent(NewSend()), each.stops);
     EXPECT_EQ(script, AlreadySentScript("05-Jan-2010", kFileName));
     EXPECT_EQ(HasTransferFiles(), each.filesLeft);
-    EXPECT_EQ(each.stops ? platform.TakeMessage().text : "", each.message);
+    EXPECT_EQ(platform.messages, each.boxes);
     if (each.stops) ExpectWindow(savedCaption);
     if (!each.stops) ExpectWindow(kBusyCaption, PointerShape::Hourglass);
   }
@@ -80,11 +75,17 @@ TEST_F(SendEntriesTest, TheCheckStopsWhenTheFileIsThereOrNothingCouldBeFoundOut)
 }
 
 TEST_F(SendEntriesTest, TheUploadIsJudgedToldCleanedUpAndArchivedWithoutReplacingAnother) {
+  const Message failed = {"Records were not sent to KTX.", "Send failed", MessageIcon::Critical};
   const struct {
-    const char *output, *cell, *message, *archive;
-  } cases[] = {{kComplete, "a", "Records sent to KTX successfully.", "31-Dec-10_11-59-59PM.txt"},
-               {"Login failed.", "b", "Records were not sent to KTX.", "01-Jan-11_12-00-00AM.txt"},
-               {"", "c", "Records were not sent to KTX.", "01-Jan-11_12-00-01AM.txt"}};
+    const char *output, *cell;
+    Message outcome;
+    const char* archive;
+  } cases[] = {{kComplete,
+                "a",
+                {"Records sent to KTX successfully.", "Send succeeded", MessageIcon::Information},
+                "31-Dec-10_11-59-59PM.txt"},
+               {"Login failed.", "b", failed, "01-Jan-11_12-00-00AM.txt"},
+               {"", "c", failed, "01-Jan-11_12-00-01AM.txt"}};
   platform.now = {2010, 12, 31, 23, 59, 59, 0};
   for (const auto& each : cases) {
     const EntrySend send = NewSend(each.cell);
@@ -94,8 +95,8 @@ TEST_F(SendEntriesTest, TheUploadIsJudgedToldCleanedUpAndArchivedWithoutReplacin
     PlayClient(each.output, {});
     UploadEntryFile(send);
     EXPECT_EQ(script, SendScript("05-Jan-2010", kFileName));
-    EXPECT_EQ(platform.TakeMessage().text, each.message);
-    EXPECT_EQ(captionOfBox, savedCaption + "..." + each.message);
+    EXPECT_EQ(platform.TakeMessage(), each.outcome);
+    EXPECT_EQ(captionOfBox, savedCaption + "..." + each.outcome.text);
     EXPECT_FALSE(HasTransferFiles());
     // What was sent, whatever the clerk did meanwhile.
     EXPECT_EQ(folder.Read(std::string("Sent\\05-Jan-2010_PI_123456_") + each.archive), sheet);

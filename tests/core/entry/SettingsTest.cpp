@@ -85,8 +85,11 @@ TEST_F(SettingsTest, AValueThatStaysBadEndsTheProgram) {
   EXPECT_THROW(LoadSettings(OpenDialog), ProgramEnded);
   EXPECT_EQ(dialogsOpened, 2);
   EXPECT_EQ(platform.messages[1].title, "Wrong BOID Format");
-  EXPECT_EQ(platform.messages[2].text, "Provide the Backup Location properly.");
-  EXPECT_EQ(platform.messages[3].text, "Backup Location was not provided properly.");
+  const std::string title = "Invalid Backup Location";
+  EXPECT_EQ(platform.messages[2],
+            (Message{"Provide the Backup Location properly.", title, MessageIcon::Critical}));
+  EXPECT_EQ(platform.messages[3],
+            (Message{"Backup Location was not provided properly.", title, MessageIcon::Critical}));
 }
 
 TEST_F(SettingsTest, LinesAreReadByTheirExactKeys) {
