@@ -62,29 +62,34 @@ std::vector<std::string> PlainlySorted(const FlexGrid& grid, const std::vector<S
   return sorted;
 }
 
-// Few rows and many, keys that follow from one another, and sheets that were sorted before and had
-// cells changed since, to texts that the last sort knew and to new ones.
+// Few rows and many, few keys and more than a machine word has room for, texts that begin alike,
+// keys that follow from one another, and sheets that were sorted before and had cells changed
+// since, to texts that the last sort knew and to new ones.
 TEST(SortGridTest, AgreesWithAPlainSortOnRandomRows) {
-  const std::vector<std::string> texts = {"",  "0",    "00", "7",   "07", "10", "9",
-                                          "a", "\xE9", "A",  "1.5", "-3", "x",  "999999999999"};
+  std::vector<std::string> texts = {"",  "0",    "00", "7",   "07", "10", "9",
+                                    "a", "\xE9", "A",  "1.5", "-3", "x",  "999999999999"};
+  for (const char* end : {"11", "29", "", "11\xE9"})
+    texts.push_back(std::string("KX00010000") + end);
   for (unsigned seed = 1; seed <= 200; ++seed) {
     SCOPED_TRACE(seed);
     std::mt19937 random(seed);
     const auto pick = [&](std::size_t count) { return random() % count; };
     FlexGrid grid;
-    grid.SetCols(5);
+    const std::size_t cols = seed % 4 == 1 ? 20 : 5;
+    grid.SetCols(static_cast<int>(cols));
     std::vector<std::string> rows;
     // Some sheets are sorted on two threads.
     const std::size_t count = seed % 200 == 0 ? 6000 : pick(seed % 40 == 0 ? 800 : 40);
     for (std::size_t row = 0; row < count; ++row) {
       const std::size_t account = pick(texts.size());
       rows.push_back(std::to_string(row) + "|" + texts[account] + "|" + texts[account / 2] + "|" +
-                     texts[pick(4)] + "|" + texts[pick(texts.size())]);
+                     texts[pick(4)]);
+      for (std::size_t col = 4; col < cols; ++col) rows.back() += "|" + texts[pick(texts.size())];
     }
     FillRows(grid, rows);
     std::vector<SortKey> keys;
-    for (std::size_t key = 0; key < 4; ++key) {
-      keys.push_back({static_cast<int>(1 + pick(4)), pick(2) == 0, pick(2) == 0});
+    while (keys.size() < cols - 1) {
+      keys.push_back({static_cast<int>(1 + pick(cols - 1)), pick(2) == 0, pick(2) == 0});
     }
     for (int round = 0; round < 3; ++round) {
       const std::vector<std::string> expected = PlainlySorted(grid, keys);
@@ -93,7 +98,8 @@ TEST(SortGridTest, AgreesWithAPlainSortOnRandomRows) {
       if (grid.Rows() == 1) break;
       for (std::size_t change = 0; change < pick(3); ++change) {
         const int row = 1 + static_cast<int>(pick(static_cast<std::size_t>(grid.Rows()) - 1));
-        grid.SetText(row, 1 + static_cast<int>(pick(4)), round == 0 ? texts[pick(4)] : "new");
+        grid.SetText(row, 1 + static_cast<int>(pick(cols - 1)),
+                     round == 0 ? texts[pick(4)] : "new");
       }
     }
   }
