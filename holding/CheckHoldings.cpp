@@ -1,7 +1,9 @@
 #include "holding/CheckHoldings.h"
 
-#include <deque>
+#include <chrono>
 #include <exception>
+#include <optional>
+#include <string_view>
 #include <unordered_map>
 #include <utility>
 #include <vector>
@@ -11,9 +13,8 @@
 #include "core/entry/EntryRow.h"
 #include "core/files/modFileIO.h"
 #include "core/text/Conversion.h"
-#include "holding/FramePacer.h"
+#include "core/text/Split.h"
 #include "holding/HoldingFile.h"
-#include "holding/HoldingSearch.h"
 
 namespace tallyrun {
 
@@ -21,57 +22,42 @@ std::string HoldingMessage;
 
 namespace {
 
-constexpr int kNoRow = 0;
+constexpr std::chrono::microseconds kFrame{1'000'000 / 60};
 // Looking at the clock takes as long as checking a row.
 constexpr int kRowsPerLook = 64;
 
-// The distinct values of a column, numbered in the order in which they are met.
-class Distinct {
+// The distinct texts of a column, numbered in the order in which they are met.
+class DistinctTexts {
  public:
-  explicit Distinct(const FlexGrid& grid) : grid_(grid), numbers_(grid.DistinctTexts(), 0) {}
+  DistinctTexts(const FlexGrid& grid, int col) : grid_(grid), col_(col) {}
 
-  std::uint32_t NumberOf(CellValue value) {
-    if (IsNumber(value)) return NumberOfNumber(value);
-    std::uint32_t& number = numbers_[static_cast<std::size_t>(value)];
-    if (number == 0) number = Add(grid_.TextOf(value)) + 1;
-    return number - 1;
+  std::uint32_t IndexIn(int row) {
+    const auto next = static_cast<std::uint32_t>(texts_.size());
+    const auto [index, isNew] = indices_.try_emplace(grid_.Cell(row, col_), next);
+    if (isNew) texts_.emplace_back(std::string_view(grid_.Text(row, col_)));
+    return index->second;
   }
-  // Good for as long as this lives.
-  std::vector<std::string_view> TakeTexts() { return std::move(texts_); }
+  std::vector<std::string> Take() { return std::move(texts_); }
 
  private:
-  std::uint32_t NumberOfNumber(CellValue value) {
-    const auto [place, isNew] = numbersOfNumbers_.emplace(value, 0);
-    CellScratch scratch;
-    if (isNew) place->second = Add(digits_.emplace_back(grid_.View(value, scratch)));
-    return place->second;
-  }
-  std::uint32_t Add(std::string_view text) {
-    texts_.push_back(text);
-    return static_cast<std::uint32_t>(texts_.size()) - 1;
-  }
-
   const FlexGrid& grid_;
-  std::vector<std::uint32_t> numbers_;  // plus 1, by the text's number in the grid
-  std::unordered_map<CellValue, std::uint32_t> numbersOfNumbers_;
-  std::deque<std::string> digits_;
-  std::vector<std::string_view> texts_;
+  const int col_;
+  std::unordered_map<CellValue, std::uint32_t> indices_;
+  std::vector<std::string> texts_;
 };
 
-// The balance of every data row's BO ID and ISIN.
-HoldingBalances BalancesOf(const FlexGrid& grid, HoldingFile& file) {
-  Distinct boIds(grid);
-  Distinct isins(grid);
-  HoldingQuery query;
-  query.pairs.reserve(static_cast<std::size_t>(grid.Rows() - 1));
+// The BO ID and ISIN of every data row, the first being pair 0.
+WantedHoldings WantedIn(const FlexGrid& grid) {
+  DistinctTexts boIds(grid, EntryColumn::kBoId);
+  DistinctTexts isins(grid, EntryColumn::kIsinCode);
+  WantedHoldings wanted;
+  wanted.pairs.reserve(static_cast<std::size_t>(grid.Rows()) - 1);
   for (int row = 1; row < grid.Rows(); ++row) {
-    const auto cells = grid.RowCells(row);
-    query.pairs.push_back(
-        {boIds.NumberOf(cells[EntryColumn::kBoId]), isins.NumberOf(cells[EntryColumn::kIsinCode])});
+    wanted.pairs.push_back({boIds.IndexIn(row), isins.IndexIn(row)});
   }
-  query.boIds = boIds.TakeTexts();
-  query.isins = isins.TakeTexts();
-  return FindHoldings(file, query);
+  wanted.boIds = boIds.Take();
+  wanted.isins = isins.Take();
+  return wanted;
 }
 
 void ShowRow(FlexGrid& grid, int row) {
@@ -84,62 +70,47 @@ bool IsSameHolding(const FlexGrid& grid, int row, int other) {
          grid.Cell(row, EntryColumn::kIsinCode) == grid.Cell(other, EntryColumn::kIsinCode);
 }
 
-// Goes through the rows of the sheet and keeps the running total of neighbours that ask for the
-// same holding.
-class RowCheck {
- public:
-  RowCheck(const FlexGrid& grid, const HoldingBalances& balances)
-      : grid_(grid), balances_(balances) {}
+// What the row asks for, together with the `before` that the equal rows just above it ask for.
+std::int32_t QuantityToCheck(const FlexGrid& grid, int row, std::int32_t before) {
+  const auto text = grid.Text(row, EntryColumn::kQuantity);
+  const bool continues = row > 1 && IsSameHolding(grid, row, row - 1);
+  return continues ? RoundToInt32(before + ToDouble(text)) : ToInt32(text);
+}
 
-  // True when the row's holding covers what it and the equal rows just before it ask for.
-  bool Passes(int row) {
-    total_ = TotalWith(row, grid_.Cell(row, EntryColumn::kQuantity));
-    return CompareHolding(grid_, balances_, row, total_);
-  }
-
- private:
-  std::int32_t TotalWith(int row, CellValue quantity) const {
-    const bool continues = row > 1 && IsSameHolding(grid_, row, row - 1);
-    if (IsNumber(quantity) && !continues) return static_cast<std::int32_t>(NumberOf(quantity));
-    CellScratch scratch;
-    const std::string_view text = grid_.View(quantity, scratch);
-    return continues ? RoundToInt32(total_ + ToDouble(text)) : ToInt32(text);
-  }
-
-  const FlexGrid& grid_;
-  const HoldingBalances& balances_;
-  std::int32_t total_ = 0;
-};
-
-// Checks every row, showing each as it goes. The first row that failed, or kNoRow; an error
-// leaves the row it was met in selected.
-int FindFirstFailingRow(const HoldingCheck& check, const HoldingBalances& balances) {
+// Checks every row, showing each as it goes. The first row that failed, if any did; an error leaves
+// the row it was met in selected.
+std::optional<int> FindFirstFailingRow(const HoldingCheck& check,
+                                       const std::vector<HoldingBalance>& balances) {
+  using Clock = std::chrono::steady_clock;
   FlexGrid& grid = check.entries;
-  RowCheck rows(grid, balances);
-  FramePacer pacer;
-  int firstFailing = kNoRow;
+  Clock::time_point nextFrame = Clock::now();
+  std::int32_t quantity = 0;
+  std::optional<int> firstFailing;
   int row = 1;
   try {
     for (; row < grid.Rows(); ++row) {
-      if (row % kRowsPerLook == 1 && pacer.IsDue(FramePacer::Clock::now())) {
+      if (row % kRowsPerLook == 1 && Clock::now() >= nextFrame) {
+        nextFrame = Clock::now() + kFrame;
         ShowRow(grid, row);
         check.repaintEntries();
       }
-      if (!rows.Passes(row) && firstFailing == kNoRow) firstFailing = row;
+      quantity = QuantityToCheck(grid, row, quantity);
+      const HoldingBalance& balance = balances[static_cast<std::size_t>(row) - 1];
+      if (!CompareHolding(grid, row, quantity, balance) && !firstFailing) firstFailing = row;
     }
   } catch (...) {
     ShowRow(grid, row);
     throw;
   }
-  if (grid.Rows() > 1) ShowRow(grid, firstFailing != kNoRow ? firstFailing : grid.Rows() - 1);
+  if (grid.Rows() > 1) ShowRow(grid, firstFailing.value_or(grid.Rows() - 1));
   return firstFailing;
 }
 
 bool CheckAgainst(const HoldingCheck& check, HoldingFile file) {
   check.window.SetCaption(CaptionFor("...Checking balance on " + std::string(file.Subject())));
   HoldingMessage.clear();
-  const HoldingBalances balances = BalancesOf(check.entries, file);
-  const bool failed = FindFirstFailingRow(check, balances) != kNoRow;
+  const auto balances = FindBalances(file, WantedIn(check.entries));
+  const bool failed = FindFirstFailingRow(check, balances).has_value();
   if (!HoldingMessage.empty()) check.showHoldingMessage();
   EndBusy(check.window, check.savedCaption);
   return failed;
@@ -169,8 +140,8 @@ bool CheckHoldingFile(const HoldingCheck& check, const std::string& path) {
   try {
     if (FileLength(path) <= 0) return RefuseEmptyFile(check);
     check.window.SetPointer(PointerShape::Hourglass);
-    LineBlocks blocks(path);
-    return CheckAgainst(check, HoldingFile(blocks));
+    const std::string report = ReadWholeFile(path);
+    return CheckAgainst(check, HoldingFile(report));
   } catch (const std::exception&) {
     EndBusy(check.window, check.savedCaption);
     Tell("Error checking BO account holding balance.", "Holding Check Error.",
@@ -179,17 +150,20 @@ bool CheckHoldingFile(const HoldingCheck& check, const std::string& path) {
   }
 }
 
-bool CompareHolding(const FlexGrid& entries, const HoldingBalances& balances, int row,
-                    std::int32_t quantity) {
-  const std::size_t pair = static_cast<std::size_t>(row) - 1;
-  if (balances.Covers(pair, quantity)) return true;
-  HoldingMessage +=
-      entries.Text(row, EntryColumn::kBoId) + " " + entries.Text(row, EntryColumn::kIsinCode);
-  HoldingMessage += balances.IsMissing(pair) ? " holding balance missing."
-                                             : " holding insufficient. " + EntryMode.name +
-                                                   " quantity : " + std::to_string(quantity) +
-                                                   " Holding balance : " + balances.TextOf(pair);
-  HoldingMessage += "\r\n";
+bool CompareHolding(const FlexGrid& entries, int row, std::int32_t quantity,
+                    const HoldingBalance& balance) {
+  if (balance && quantity <= ToDouble(*balance)) return true;
+  HoldingMessage += entries.Text(row, EntryColumn::kBoId);
+  HoldingMessage += ' ';
+  HoldingMessage += entries.Text(row, EntryColumn::kIsinCode);
+  if (balance) {
+    HoldingMessage += " holding insufficient. " + EntryMode.name +
+                      " quantity : " + std::to_string(quantity) + " Holding balance : ";
+    HoldingMessage += *balance;
+  } else {
+    HoldingMessage += " holding balance missing.";
+  }
+  HoldingMessage += kLineEnd;
   return false;
 }
 

@@ -32,11 +32,10 @@ bool CheckHoldings(const HoldingCheck& check);
 // Checks every row against the file at `path`; as above. The file is read once.
 bool CheckHoldingFile(const HoldingCheck& check, const std::string& path);
 
-// True when `quantity`, asked for by a row of the sheet, is covered by the balance that was found
-// for it; else adds the reason to HoldingMessage. Raises TypeMismatch when the balance is no
-// number. The balances are those of rows 1 and on.
-bool CompareHolding(const FlexGrid& entries, const HoldingBalances& balances, int row,
-                    std::int32_t quantity);
+// True when `balance` covers `quantity`, which is checked for a row of the sheet; else adds the
+// reason to HoldingMessage. Raises TypeMismatch or Overflow when the balance is no number.
+bool CompareHolding(const FlexGrid& entries, int row, std::int32_t quantity,
+                    const HoldingBalance& balance);
 
 // True (stop), after a message, when two neighbouring rows have the same BO ID and ISIN; selects
 // the first of them.

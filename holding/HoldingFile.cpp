@@ -1,48 +1,38 @@
 #include "holding/HoldingFile.h"
 
-#include <utility>
-
 #include "core/RuntimeError.h"
+#include "core/text/Split.h"
 
 namespace tallyrun {
-namespace {
 
-constexpr std::string_view kBeforeSubject = "Report for ";
-constexpr std::string_view kAfterSubject = " :";
-constexpr std::string_view kLineEnd = "\r\n";
-
-}  // namespace
+HoldingFile::HoldingFile(std::string_view report) : rest_(report) {
+  constexpr int kHeaderLines = 8;
+  firstLine_ = *NextLine();
+  for (int line = 2; line <= kHeaderLines; ++line) NextLine();
+}
 
 std::string_view HoldingFile::Subject() const {
-  const std::string_view line = first_.text.substr(0, first_.text.find(kLineEnd));
-  const std::size_t before = line.find(kBeforeSubject);
-  if (before == std::string_view::npos) throw RuntimeError(ErrorKind::SubscriptOutOfRange);
-  const std::string_view rest = line.substr(before + kBeforeSubject.size());
-  return rest.substr(0, rest.find(kAfterSubject));
+  constexpr std::string_view kBefore = "Report for ";
+  const std::size_t before = firstLine_.find(kBefore);
+  if (before == firstLine_.npos) throw RuntimeError(ErrorKind::SubscriptOutOfRange);
+  const std::string_view subject = firstLine_.substr(before + kBefore.size());
+  return subject.substr(0, subject.find(" :"));
 }
 
-std::optional<LineBlock> HoldingFile::NextHoldings() {
-  while (!isOver_) {
-    LineBlock block = std::exchange(isBegun_, true) ? blocks_.Next(buffer_) : first_;
-    isOver_ = block.isLast;
-    SkipHeader(block);
-    if (headerLinesLeft_ == 0 && (block.isLast || !block.text.empty())) return block;
+std::optional<std::string_view> HoldingFile::NextLine() {
+  if (!rest_) return std::nullopt;
+  const std::size_t end = rest_->find(kLineEnd);
+  const std::string_view line = rest_->substr(0, end);
+  if (end == rest_->npos) {
+    rest_.reset();
+  } else {
+    rest_->remove_prefix(end + kLineEnd.size());
   }
-  return std::nullopt;
+  return line;
 }
 
-void HoldingFile::SkipHeader(LineBlock& block) {
-  while (headerLinesLeft_ > 0) {
-    const std::size_t end = block.text.find(kLineEnd);
-    if (end == std::string_view::npos) return;
-    block.text.remove_prefix(end + kLineEnd.size());
-    --headerLinesLeft_;
-  }
-}
-
-std::string_view HoldingFile::BalanceOf(std::string_view line) {
-  const std::size_t blank = line.rfind(' ');
-  return blank == std::string_view::npos ? line : line.substr(blank + 1);
+std::string_view HoldingFile::BalanceOf(std::string_view holding) {
+  return holding.substr(holding.rfind(' ') + 1);  // all of it where there is no blank
 }
 
 }  // namespace tallyrun

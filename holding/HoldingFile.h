@@ -1,41 +1,33 @@
-// The depository's holding report, read block by block: its subject, its holding lines and a
-// line's balance. Knows nothing of the sheet.
+// The depository's holding report, given as its whole text: its subject, its holding lines and a
+// line's balance. Knows nothing of the sheet and opens no file.
 #pragma once
 
 #include <optional>
 #include <string_view>
 
-#include "core/files/LineBlocks.h"
-
 namespace tallyrun {
 
 class HoldingFile {
  public:
-  // Of the whole file, which must outlive this. Lines end in CR LF.
-  explicit HoldingFile(LineBlocks& blocks) : blocks_(blocks), first_(blocks.Next(buffer_)) {}
+  // Lines end in CR LF. Everything given back is a view into `report`.
+  explicit HoldingFile(std::string_view report);
 
-  // The text of line 1 between the first "Report for " and the " :" that follows; good until
-  // holdings are read. Raises SubscriptOutOfRange when the line has no "Report for ".
+  // The text of line 1 between the first "Report for " and the " :" that follows. Raises
+  // SubscriptOutOfRange when the line has no "Report for ".
   std::string_view Subject() const;
 
-  // The next lines from line 9 on; nothing when there are no more. A block that is not the last
-  // ends behind a CR LF; the last is one line more, perhaps an empty one.
-  std::optional<LineBlock> NextHoldings();
+  // The next line from line 9 on; nothing when there are no more. A report that ends in CR LF has
+  // an empty line behind it.
+  std::optional<std::string_view> NextHolding() { return NextLine(); }
 
-  // The last field of a holding line, as it stands in the file; fields end at each single blank.
-  static std::string_view BalanceOf(std::string_view line);
+  // The last field of a holding line, as it stands there; fields end at each single blank.
+  static std::string_view BalanceOf(std::string_view holding);
 
  private:
-  static constexpr int kHeaderLines = 8;
+  std::optional<std::string_view> NextLine();
 
-  void SkipHeader(LineBlock& block);
-
-  LineBlocks& blocks_;
-  LineBlocks::Buffer buffer_;
-  LineBlock first_;
-  bool isBegun_ = false;
-  bool isOver_ = false;
-  int headerLinesLeft_ = kHeaderLines;
+  std::optional<std::string_view> rest_;  // behind the lines that were taken
+  std::string_view firstLine_;
 };
 
 }  // namespace tallyrun

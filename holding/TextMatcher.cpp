@@ -1,35 +1,96 @@
 #include "holding/TextMatcher.h"
 
+#include <algorithm>
+#include <bit>
+#include <cstring>
 #include <utility>
 
 namespace tallyrun {
+namespace {
 
-TextMatcher::TextMatcher(const std::vector<std::string_view>& texts) {
-  std::vector<NumberedText> longTexts;
-  std::vector<NumberedText> shortTexts;
-  for (std::uint32_t number = 0; number < texts.size(); ++number) {
-    if (texts[number].empty()) {
-      empty_ = number;
-    } else {
-      (texts[number].size() >= kAnchorBytes ? longTexts : shortTexts)
-          .push_back({texts[number], number});
-    }
-  }
-  if (!longTexts.empty()) long_.emplace(longTexts);
-  if (!shortTexts.empty()) short_.emplace(std::move(shortTexts));
+constexpr std::size_t kLong = sizeof(std::uint64_t);
+constexpr std::size_t kMostEndingBytes = 2 * sizeof(std::uint64_t);
+
+std::uint64_t NumberAt(const char* bytes) {
+  std::uint64_t number = 0;
+  std::memcpy(&number, bytes, sizeof number);
+  return number;
 }
 
-void TextMatcher::FindIn(std::string_view text, std::size_t begin, std::size_t end,
-                         std::vector<std::uint32_t>& found) const {
-  if (long_) {
-    long_->Filter().ForEachPlace(text, begin, end, [&](std::size_t place, bool mayEnd) {
-      if (mayEnd && place + 1 - begin >= kAnchorBytes) {
-        long_->FindAtEndOf(text.substr(begin, place + 1 - begin), found);
-      }
-      return true;
-    });
+// Whether the bits that all endings have, and those that none has, are so in `bits`, too.
+bool HasCommonBits(std::uint64_t bits, std::uint64_t ofAll, std::uint64_t ofAny) {
+  return (bits & (ofAll | ~ofAny)) == ofAll;
+}
+
+}  // namespace
+
+TextMatcher::TextMatcher(const std::vector<std::string>& texts)
+    : texts_(texts),
+      endingBytes_(kMostEndingBytes),
+      endings_(texts.size()),
+      next_(texts.size(), kNone),
+      slots_(std::bit_ceil(2 * texts.size() + 2), kNone) {  // at most half of them are taken
+  for (const std::string& text : texts) {
+    if (text.size() >= kLong) endingBytes_ = std::min(endingBytes_, text.size());
   }
-  FindShortIn(text.substr(begin, end - begin), found);
+  for (std::uint32_t index = 0; index < texts.size(); ++index) {
+    if (texts[index].size() < kLong) {
+      shortTexts_.push_back(index);
+    } else {
+      AddLong(index);
+    }
+  }
+}
+
+TextMatcher::Ending TextMatcher::EndingOf(std::string_view text) const {
+  const char* const end = text.data() + text.size();
+  return {NumberAt(end - endingBytes_), NumberAt(end - sizeof(std::uint64_t))};
+}
+
+void TextMatcher::AddLong(std::uint32_t index) {
+  const Ending ending = endings_[index] = EndingOf(texts_[index]);
+  next_[index] = std::exchange(slots_[SlotOf(ending)], index);
+  bitsOfAll_ = {bitsOfAll_.front & ending.front, bitsOfAll_.back & ending.back};
+  bitsOfAny_ = {bitsOfAny_.front | ending.front, bitsOfAny_.back | ending.back};
+}
+
+std::size_t TextMatcher::SlotOf(const Ending& ending) const {
+  constexpr std::uint64_t kFactor = 0x9E3779B97F4A7C15u;  // 2^64 over the golden ratio
+  const std::uint64_t hash = (ending.front * kFactor ^ ending.back) * kFactor;
+  std::size_t slot = hash >> (64 - std::countr_zero(slots_.size()));
+  while (slots_[slot] != kNone && endings_[slots_[slot]] != ending) {
+    slot = (slot + 1) & (slots_.size() - 1);
+  }
+  return slot;
+}
+
+void TextMatcher::FindIn(std::string_view line, std::vector<std::uint32_t>& found) const {
+  found.clear();
+  for (const std::uint32_t index : shortTexts_) {
+    if (line.find(texts_[index]) != line.npos) found.push_back(index);
+  }
+  FindLongIn(line, found);
+  std::sort(found.begin(), found.end());
+  found.erase(std::unique(found.begin(), found.end()), found.end());
+}
+
+void TextMatcher::FindLongIn(std::string_view line, std::vector<std::uint32_t>& found) const {
+  const std::size_t bytes = endingBytes_;
+  const std::uint64_t ofAll = bitsOfAll_.front;
+  const std::uint64_t ofAny = bitsOfAny_.front;
+  for (std::size_t end = bytes; end <= line.size(); ++end) {
+    if (HasCommonBits(NumberAt(line.data() + end - bytes), ofAll, ofAny)) {
+      FindAtEndOf(line.substr(0, end), found);
+    }
+  }
+}
+
+void TextMatcher::FindAtEndOf(std::string_view part, std::vector<std::uint32_t>& found) const {
+  const Ending ending = EndingOf(part);
+  if (!HasCommonBits(ending.back, bitsOfAll_.back, bitsOfAny_.back)) return;
+  for (std::uint32_t at = slots_[SlotOf(ending)]; at != kNone; at = next_[at]) {
+    if (part.ends_with(texts_[at])) found.push_back(at);
+  }
 }
 
 }  // namespace tallyrun

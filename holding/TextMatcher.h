@@ -1,88 +1,53 @@
-// Finds which of many texts occur in each line of a long text, in one pass over it however many
-// there are.
+// Which of many wanted texts stand in a line, each anywhere in it. Texts of eight bytes or more
+// are known by their endings, the last bytes of each, as many as the shortest of them has, up to
+// sixteen. A line is walked place by place: nearly every place is settled by the bits that all
+// endings have in common (account and security numbers begin alike and end in digits); where
+// those stand, the ending is looked up by its hash, and the texts that end so are compared whole.
+// The few texts of fewer bytes are searched for one by one.
 #pragma once
 
 #include <cstdint>
-#include <optional>
+#include <string>
 #include <string_view>
 #include <vector>
-
-#include "core/files/LineBlocks.h"
-#include "holding/GatheredPlaces.h"
-#include "holding/LongTexts.h"
-#include "holding/ShortTexts.h"
 
 namespace tallyrun {
 
 class TextMatcher {
  public:
-  // The texts to look for, known by their index; distinct. They must outlive the matcher.
-  explicit TextMatcher(const std::vector<std::string_view>& texts);
+  // The wanted texts, each once, known by their index. They must outlive the matcher.
+  explicit TextMatcher(const std::vector<std::string>& texts);
 
-  // Calls visit(begin, end, found) in order for each of the block's lines, which lies from `begin`
-  // to `end` of its text without its CR LF, until it returns false. `found` holds the index of
-  // every text that the line contains, as every line does the empty one; of a text that occurs
-  // several times perhaps as often. The visitor may change it.
-  template <class Visit>
-  void ForEachLine(const LineBlock& block, Visit&& visit) const;
-
-  // Adds to `found` the same for one line that lies in `text` from `begin` to `end`.
-  void FindIn(std::string_view text, std::size_t begin, std::size_t end,
-              std::vector<std::uint32_t>& found) const;
+  // Puts the index of every text that `line` contains into `found`, each once, in order. Every
+  // line contains the empty text.
+  void FindIn(std::string_view line, std::vector<std::uint32_t>& found) const;
 
  private:
-  void FindShortIn(std::string_view line, std::vector<std::uint32_t>& found) const {
-    if (short_) short_->FindIn(line, found);
-    if (empty_) found.push_back(*empty_);
-  }
+  // The first and the last eight bytes of an ending; they may overlap.
+  struct Ending {
+    std::uint64_t front = 0;
+    std::uint64_t back = 0;
 
-  std::optional<std::uint32_t> empty_;  // the number of the empty text
-  std::optional<LongTexts> long_;
-  std::optional<ShortTexts> short_;
+    bool operator==(const Ending&) const = default;
+  };
+  static constexpr std::uint32_t kNone = UINT32_MAX;
+
+  Ending EndingOf(std::string_view text) const;
+  void AddLong(std::uint32_t index);
+  // Of the first text with this ending, or the free one where it would stand.
+  std::size_t SlotOf(const Ending& ending) const;
+  void FindLongIn(std::string_view line, std::vector<std::uint32_t>& found) const;
+  // Those that `part` of a line ends with.
+  void FindAtEndOf(std::string_view part, std::vector<std::uint32_t>& found) const;
+
+  const std::vector<std::string>& texts_;
+  std::vector<std::uint32_t> shortTexts_;  // their indices
+  std::size_t endingBytes_;
+  std::vector<Ending> endings_;       // by index
+  std::vector<std::uint32_t> next_;   // by index, the next text that ends alike or kNone
+  std::vector<std::uint32_t> slots_;  // a hash table of the first text with each ending, or kNone
+  Ending bitsOfAll_ = {~std::uint64_t{0}, ~std::uint64_t{0}};  // set in every ending
+  Ending bitsOfAny_;                                           // set in one at least
 };
-
-template <class Visit>
-void TextMatcher::ForEachLine(const LineBlock& block, Visit&& visit) const {
-  const std::string_view text = block.text;
-  std::vector<std::uint32_t> found;
-  std::size_t lineBegin = 0;
-  bool goesOn = true;
-  const auto endLine = [&](std::size_t end) {
-    FindShortIn(text.substr(lineBegin, end - lineBegin), found);
-    goesOn = visit(lineBegin, end, found);
-    found.clear();
-  };
-  const auto endsLine = [&](std::size_t place) {
-    return text[place] == '\n' && place > lineBegin && text[place - 1] == '\r';
-  };
-  if (long_) {
-    GatheredPlaces places(*long_, text);
-    const auto see = [&](const GatheredPlaces::Place& place) {
-      const std::size_t end = place.at + 1;
-      if (endsLine(place.at)) {
-        endLine(place.at - 1);
-        lineBegin = end;
-      } else if (place.mayEnd && end - lineBegin >= kAnchorBytes &&
-                 text.substr(place.at, 2) != "\r\n") {  // a line's own CR belongs to no text in it
-        long_->FindAnchored(place.anchor, text.substr(lineBegin, end - lineBegin), found);
-      }
-      return goesOn;
-    };
-    long_->Filter().ForEachPlace(text, 0, text.size(), [&](std::size_t place, bool mayEnd) {
-      places.Add(place, mayEnd);
-      if (places.AreEnough()) places.Look(see);
-      return goesOn;
-    });
-    if (goesOn) places.Look(see);
-  } else {
-    for (std::size_t place = text.find('\n'); place != text.npos && goesOn;
-         place = text.find('\n', place + 1)) {
-      if (!endsLine(place)) continue;
-      endLine(place - 1);
-      lineBegin = place + 1;
-    }
-  }
-  if (goesOn && block.isLast) endLine(text.size());
-}
 
 }  // namespace tallyrun

@@ -1,6 +1,6 @@
 list(APPEND portable_tests
   holding/CheckHoldingsTest.cpp
+  holding/HoldingBalancesTest.cpp
   holding/HoldingFileTest.cpp
-  holding/HoldingSearchTest.cpp
 )
 list(APPEND windows_tests holding/frmHoldingMessageTest.cpp)
