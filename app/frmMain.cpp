@@ -278,15 +278,13 @@ void frmMain::SwitchMode(const EntryModeTexts& mode, const std::string& importCa
     ClearEntryGrid(Grid());
   }
   EntryMode = mode;
-  SetCaption(CaptionFor(mode.name));
-  savedCaption_ = Caption();  // also what a send that is still running comes back to
+  ChangeCaption(CaptionFor(mode.name));
   flxEntries.SetToolTip(mode.name +
                         " entries. Press INSERT key to add a new row or DELETE key to remove the "
                         "selected row(s).");
   Relayout();  // the day's picker goes to the chosen mode
   btnLoadFromBTFile.SetText(importCaption);
   btnCheck.SetEnabled(mode == kPayIn);
-  if (sendsRunning_ > 0) ShowSendProgress();
 }
 
 bool frmMain::TakeSkipNextLoad() {
@@ -363,10 +361,10 @@ void frmMain::btnSummarize_Click() {
 }
 
 void frmMain::btnCheck_Click() {
-  if (sendsRunning_ == 0) savedCaption_ = Caption();
-  const bool stopped = CheckHoldings(HoldingCheckHere());
-  if (sendsRunning_ > 0) ShowSendProgress();
-  if (stopped) return;
+  {
+    const BusyScope busy(*this);
+    if (CheckHoldings(HoldingCheckHere())) return;
+  }
   Tell("Holding balance checking completed.", "Checking Complete.", MessageIcon::Information);
 }
 
@@ -380,7 +378,9 @@ void frmMain::btnReport_Click() {
 
 void frmMain::btnSend_Click() {
   if (!ConfirmSend(PickedDay())) return;
-  SendScope sending(*this);
+  const std::string progress = "...Sending records to KTX...Please wait.";
+  BusyScope busy(*this);
+  busy.Show(progress);
   if (HasMissingField(Grid())) {
     flxEntries.ShowCell(Grid().Row(), Grid().Col());
     return;
@@ -391,31 +391,11 @@ void frmMain::btnSend_Click() {
   SortEntries(Grid());
   if (CheckSummarized(HoldingCheckHere())) return;
   if (EntryMode == kPayIn && CheckHoldings(HoldingCheckHere())) return;
-  ShowSendProgress();  // the holding check had its own
-  const EntrySend send(Grid(), PickedDay(), *this, savedCaption_);
+  busy.Show(progress);  // the holding check had its own
+  const EntrySend send(Grid(), PickedDay(), busy);
   if (CheckAlreadySent(send)) return;
   WriteEntryFile(send);
-  sending.LeaveEndingToUpload();
   UploadEntryFile(send);
-}
-
-frmMain::SendScope::SendScope(frmMain& window) : window_(window) {
-  if (window_.sendsRunning_++ == 0) window_.savedCaption_ = window_.Caption();
-  window_.ShowSendProgress();
-}
-
-frmMain::SendScope::~SendScope() {
-  if (--window_.sendsRunning_ > 0) {
-    window_.ShowSendProgress();
-  } else if (restores_) {
-    window_.SetPointer(PointerShape::Normal);
-    window_.SetCaption(window_.savedCaption_);
-  }
-}
-
-void frmMain::ShowSendProgress() {
-  SetPointer(PointerShape::Hourglass);
-  SetCaption(savedCaption_ + "...Sending records to KTX...Please wait.");
 }
 
 void frmMain::btnList_Click() {
@@ -436,7 +416,7 @@ std::string frmMain::DayFileText() const {
 }
 
 HoldingCheck frmMain::HoldingCheckHere() {
-  return {Grid(), *this, savedCaption_, [this] { flxEntries.Redraw(); },
+  return {Grid(), *this, OwnCaption(), [this] { flxEntries.Redraw(); },
           [this] { holdingWindow_.ShowFresh(this); }};
 }
 

@@ -33,23 +33,6 @@ class frmMain : public Form {
   void Form_Resize() override;
 
  private:
-  // Shows that a send runs, and puts caption and pointer back on every way out but the upload,
-  // which has endings of its own. While a send waits the clerk may start another one: both come
-  // back to the caption from before the first, which shows its progress again after the second.
-  class SendScope {
-   public:
-    explicit SendScope(frmMain& window);
-    ~SendScope();
-    SendScope(const SendScope&) = delete;
-    SendScope& operator=(const SendScope&) = delete;
-
-    void LeaveEndingToUpload() { restores_ = false; }
-
-   private:
-    frmMain& window_;
-    bool restores_ = true;
-  };
-
   void ConnectHandlers();
   // Each places one group and gives back the width in pixels that it needs.
   int LayoutDay(LayoutArea& area);
@@ -97,7 +80,6 @@ class frmMain : public Form {
   bool TakeSkipNextLoad();
 
   HoldingCheck HoldingCheckHere();
-  void ShowSendProgress();
 
   void AddRowAtTradeDate();
   void ShowCellEditor();
@@ -142,9 +124,7 @@ class frmMain : public Form {
   frmHoldingMessage holdingWindow_;
   bool SkipNextLoad = false;  // set when the clerk declined a change of mode
   int copyRow_ = 0;           // the row last copied from; 0 when none was
-  std::string savedCaption_;  // what the caption comes back to after progress texts
-  int sendsRunning_ = 0;
-  Date dayOfStart_;  // what the date editor stands on before its first cell
+  Date dayOfStart_;           // what the date editor stands on before its first cell
 };
 
 }  // namespace tallyrun

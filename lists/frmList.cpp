@@ -146,9 +146,7 @@ frmList::TransferScope::TransferScope(frmList& window) : window_(window) {
 
 frmList::TransferScope::~TransferScope() {
   window_.isTransferring_ = false;
-  // The clerk may have switched the list meanwhile, or opened a cell that has other rows around
-  // it now.
-  window_.SetCaption(ListTextsOf(CurrentListKind).caption);
+  // The clerk may have opened a cell that has other rows around it now.
   HideOverCell(window_.flxList, window_.txtEditor);
 }
 
@@ -183,7 +181,7 @@ void frmList::btnDelete_Backup_Click() {
 void frmList::SetupListGrid() {
   const ListTexts texts = ListTextsOf(CurrentListKind);
   LayOutListGrid(Grid(), CurrentListKind);
-  SetCaption(texts.caption);
+  ChangeCaption(texts.caption);
   lblSelect.SetText(texts.selectCaption);
   flxList.SetToolTip(texts.gridToolTip);
   btnUpdateList.SetText(texts.updateCaption);

@@ -22,12 +22,4 @@ void RemoveFtpFiles(const std::string& folder) {
   DeleteMatching(folder + "out.txt");
 }
 
-void TellOutcome(BusyWindow& window, const std::string& savedCaption, const std::string& outcome,
-                 const std::string& title, MessageIcon icon) {
-  window.SetCaption(savedCaption + "..." + outcome);
-  window.SetPointer(PointerShape::Normal);
-  Tell(outcome, title, icon);
-  window.SetCaption(savedCaption);
-}
-
 }  // namespace tallyrun

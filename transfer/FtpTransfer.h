@@ -5,9 +5,6 @@
 
 #include <string>
 
-#include "core/BusyWindow.h"
-#include "core/Platform.h"
-
 namespace tallyrun {
 
 // Writes script and batch into `folder` (with its trailing backslash), runs the batch, waits for
@@ -17,10 +14,5 @@ std::string RunFtpScript(const std::string& folder, const std::string& script);
 
 // Deletes script, batch and output; what is already gone is no error.
 void RemoveFtpFiles(const std::string& folder);
-
-// Ends the window's busy signs with the outcome: it stands behind the kept caption while the box
-// tells it, and then the caption is as it was kept.
-void TellOutcome(BusyWindow& window, const std::string& savedCaption, const std::string& outcome,
-                 const std::string& title, MessageIcon icon);
 
 }  // namespace tallyrun

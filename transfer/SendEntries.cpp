@@ -51,12 +51,11 @@ void Archive(const EntrySend& send) {
 }
 
 void ShowSentFile(const EntrySend& send) {
-  send.window.SetPointer(PointerShape::Normal);
+  send.busy.ShowPointer(PointerShape::Normal);
   Tell("File already sent. Your sent file will be shown now.", kApplicationTitle,
        MessageIcon::Critical);
   ThePlatform().StartProcess("notepad \"" + send.workingFolder + send.fileName + "\"",
                              WindowMode::NormalFocus);
-  send.window.SetCaption(send.savedCaption);
 }
 
 // The local file stands for the server's copy, which the download has just put in its place.
@@ -76,10 +75,8 @@ bool FindAlreadySent(const EntrySend& send) {
 
 }  // namespace
 
-EntrySend::EntrySend(const FlexGrid& entries, const Date& entryDay, BusyWindow& busyWindow,
-                     const std::string& caption)
-    : window(busyWindow),
-      savedCaption(caption),
+EntrySend::EntrySend(const FlexGrid& entries, const Date& entryDay, BusyScope& busyScope)
+    : busy(busyScope),
       day(FormatDdMmmYyyy(entryDay)),
       stem(EntryFileStem(entryDay)),
       fileName(EntryFileName(entryDay)),
@@ -97,7 +94,7 @@ bool CheckAlreadySent(const EntrySend& send) {
   try {
     return FindAlreadySent(send);
   } catch (const std::exception& error) {
-    EndBusy(send.window, send.savedCaption);
+    send.busy.End();
     ShowError(error);
     return true;
   }
@@ -108,19 +105,19 @@ void WriteEntryFile(const EntrySend& send) {
 }
 
 void UploadEntryFile(const EntrySend& send) {
-  RunTrapped([&send] {
+  const bool ended = RunTrapped([&send] {
     const std::string output =
         RunFtpScript(send.workingFolder, SendScript(send.day, send.fileName));
     if (HasTransferCompleted(output)) {
-      TellOutcome(send.window, send.savedCaption, "Records sent to KTX successfully.",
-                  "Send succeeded", MessageIcon::Information);
+      send.busy.TellOutcome("Records sent to KTX successfully.", "Send succeeded",
+                            MessageIcon::Information);
     } else {
-      TellOutcome(send.window, send.savedCaption, "Records were not sent to KTX.", "Send failed",
-                  MessageIcon::Critical);
+      send.busy.TellOutcome("Records were not sent to KTX.", "Send failed", MessageIcon::Critical);
     }
     RemoveFtpFiles(send.workingFolder);
     Archive(send);
   });
+  if (!ended) send.busy.Leave();
 }
 
 }  // namespace tallyrun

@@ -5,7 +5,7 @@
 
 #include <string>
 
-#include "core/BusyWindow.h"
+#include "core/BusyScope.h"
 #include "core/grid/FlexGrid.h"
 #include "core/text/Conversion.h"
 
@@ -15,12 +15,10 @@ namespace tallyrun {
 // what is sent and archived, whatever the clerk does to the window while a transfer is waited
 // for.
 struct EntrySend {
-  // For the entry mode and the settings in force. `savedCaption` must outlive the send.
-  EntrySend(const FlexGrid& entries, const Date& entryDay, BusyWindow& busyWindow,
-            const std::string& savedCaption);
+  // For the entry mode and the settings in force. `busyScope` must outlive the send.
+  EntrySend(const FlexGrid& entries, const Date& entryDay, BusyScope& busyScope);
 
-  BusyWindow& window;
-  const std::string& savedCaption;
+  BusyScope& busy;
   std::string day;            // "05-Jan-2010"
   std::string stem;           // "05-Jan-2010_PI_123456"
   std::string fileName;       // the same with ".txt"

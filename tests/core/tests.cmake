@@ -4,6 +4,7 @@ list(APPEND portable_tests
   core/grid/GridGeometryTest.cpp
   core/grid/GridRowsTest.cpp
   core/grid/RadixSortTest.cpp
+  core/BusyScopeTest.cpp
   core/ReadAheadTest.cpp
   core/entry/RowChecksTest.cpp
   core/text/SeparatorScanTest.cpp

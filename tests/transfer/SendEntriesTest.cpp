@@ -8,7 +8,8 @@
 namespace tallyrun::testing {
 namespace {
 
-constexpr char kBusyCaption[] = "Tallyrun v1.0 : Pay In...Sending records to KTX...Please wait.";
+const std::string kCaption = "Tallyrun v1.0 : Pay In";
+const std::string kSending = "...Sending records to KTX...Please wait.";
 constexpr char kFileName[] = "05-Jan-2010_PI_123456.txt";
 constexpr char kComplete[] = "226 Transfer complete.\r\n";
 
@@ -31,15 +32,18 @@ struct SendEntriesTest : ProgramFixture {
       FillRows(grid, {"1|edited meanwhile"});
     };
   }
-  EntrySend NewSend(const std::string& cell = "a") {
-    busyWindow.caption = kBusyCaption;
-    busyWindow.pointer = PointerShape::Hourglass;
+  // Runs `step` for a send of one row.
+  template <class Step>
+  auto InSend(const std::string& cell, Step step) {
+    busyWindow.caption = kCaption;
+    BusyScope busy(busyWindow);
+    busy.Show(kSending);
     FillRows(grid, {"1|" + cell});
-    return EntrySend(grid, Date{2010, 1, 5}, busyWindow, savedCaption);
+    return step(EntrySend(grid, Date{2010, 1, 5}, busy));
   }
   bool HasTransferFiles() { return folder.Has("ftp2KTX.txt") || folder.Has("out.txt"); }
 
-  std::string savedCaption = "Tallyrun v1.0 : Pay In", captionOfBox, script;
+  std::string captionOfBox, script;
 };
 
 TEST_F(SendEntriesTest, TheCheckStopsWhenTheFileIsThereOrNothingCouldBeFoundOut) {
@@ -62,14 +66,13 @@ TEST_F(SendEntriesTest, TheCheckStopsWhenTheFileIsThereOrNothingCouldBeFoundOut)
       folder.Remove(name);
     }
     PlayClient(each.output, each.localFile);
-    EXPECT_EQ(CheckAlreadySent(NewSend()), each.stops);
+    EXPECT_EQ(InSend("a", CheckAlreadySent), each.stops);
     EXPECT_EQ(script, AlreadySentScript("05-Jan-2010", kFileName));
     EXPECT_EQ(HasTransferFiles(), each.filesLeft);
     EXPECT_EQ(platform.messages, each.boxes);
-    if (each.stops) ExpectWindow(savedCaption);
-    if (!each.stops) ExpectWindow(kBusyCaption, PointerShape::Hourglass);
+    ExpectWindow(kCaption);
   }
-  EXPECT_EQ(captionOfBox, kBusyCaption);
+  EXPECT_EQ(captionOfBox, kCaption + kSending);
   ASSERT_EQ(platform.started.size(), 2u);
   EXPECT_EQ(platform.started[1].commandLine, "notepad \"" + (folder / kFileName) + "\"");
 }
@@ -88,28 +91,29 @@ TEST_F(SendEntriesTest, TheUploadIsJudgedToldCleanedUpAndArchivedWithoutReplacin
                {"", "c", failed, "01-Jan-11_12-00-01AM.txt"}};
   platform.now = {2010, 12, 31, 23, 59, 59, 0};
   for (const auto& each : cases) {
-    const EntrySend send = NewSend(each.cell);
     const std::string sheet = std::string("~\r\n1~") + each.cell + "\r";
-    WriteEntryFile(send);
-    EXPECT_EQ(folder.Read(kFileName), sheet);
     PlayClient(each.output, {});
-    UploadEntryFile(send);
+    InSend(each.cell, [](const EntrySend& send) {
+      WriteEntryFile(send);
+      UploadEntryFile(send);
+    });
+    EXPECT_EQ(folder.Read(kFileName), sheet);
     EXPECT_EQ(script, SendScript("05-Jan-2010", kFileName));
     EXPECT_EQ(platform.TakeMessage(), each.outcome);
-    EXPECT_EQ(captionOfBox, savedCaption + "..." + each.outcome.text);
+    EXPECT_EQ(captionOfBox, kCaption + "..." + each.outcome.text);
     EXPECT_FALSE(HasTransferFiles());
     // What was sent, whatever the clerk did meanwhile.
     EXPECT_EQ(folder.Read(std::string("Sent\\05-Jan-2010_PI_123456_") + each.archive), sheet);
-    ExpectWindow(savedCaption);
+    ExpectWindow(kCaption);
   }
 }
 
 TEST_F(SendEntriesTest, AnErrorInTheUploadLeavesCaptionAndPointerAndArchivesNothing) {
   PlayClient({}, {});
-  UploadEntryFile(NewSend());
+  InSend("a", UploadEntryFile);
   EXPECT_EQ(platform.TakeMessage().text, "File not found");
   EXPECT_FALSE(folder.Has("Sent"));
-  ExpectWindow(kBusyCaption, PointerShape::Hourglass);
+  ExpectWindow(kCaption + kSending, PointerShape::Hourglass);
 }
 
 }  // namespace
