@@ -131,23 +131,18 @@ void frmList::btnLoadBackup_Click() {
 }
 
 void frmList::btnUpdateList_Click() {
-  if (isTransferring_) return;  // the files of the one that runs are in use
-  const TransferScope transfer(*this);
   if (CurrentListKind == kBoKind) {
     SendBoList(Grid(), *this);
   } else {
-    ReceiveIsinList(Grid(), *this);
+    ReceiveIsinList(*this, [this](const std::string& list) { ShowReceivedList(list); });
   }
 }
 
-frmList::TransferScope::TransferScope(frmList& window) : window_(window) {
-  window_.isTransferring_ = true;
-}
-
-frmList::TransferScope::~TransferScope() {
-  window_.isTransferring_ = false;
-  // The clerk may have opened a cell that has other rows around it now.
-  HideOverCell(window_.flxList, window_.txtEditor);
+// The clerk may have switched the list meanwhile, or the working folder.
+void frmList::ShowReceivedList(const std::string& path) {
+  if (CurrentListKind != kIsinKind || path != ListFilePathOf(kIsinKind)) return;
+  HideOverCell(flxList, txtEditor);  // its cell has other rows around it now
+  LoadFileIntoGrid(path, Grid());
 }
 
 void frmList::btnClose_Click() { Unload(); }

@@ -29,18 +29,6 @@ class frmList : public Form {
   void Form_Resize() override;
 
  private:
-  // One transfer at a time; when it ends, the window shows again what it holds then.
-  class TransferScope {
-   public:
-    explicit TransferScope(frmList& window);
-    ~TransferScope();
-    TransferScope(const TransferScope&) = delete;
-    TransferScope& operator=(const TransferScope&) = delete;
-
-   private:
-    frmList& window_;
-  };
-
   void CreateBackupFrame();
   void ConnectHandlers();
   // The first two give back the width in pixels that they need.
@@ -71,6 +59,7 @@ class frmList : public Form {
 
   void SetupListGrid();
   void LoadList();
+  void ShowReceivedList(const std::string& path);
   void SaveList();
   void BeginCellEdit();
   void CommitCellEdit();
@@ -101,7 +90,6 @@ class frmList : public Form {
   Button btnDelete_Backup;
 
   std::string ListFileName;
-  bool isTransferring_ = false;
 };
 
 }  // namespace tallyrun

@@ -60,8 +60,8 @@ void ShowSentFile(const EntrySend& send) {
 
 // The local file stands for the server's copy, which the download has just put in its place.
 bool FindAlreadySent(const EntrySend& send) {
-  const std::string output =
-      ToLower(RunFtpScript(send.workingFolder, AlreadySentScript(send.day, send.fileName)));
+  const std::string output = ToLower(
+      FtpTransfer(send.workingFolder).RunFtpScript(AlreadySentScript(send.day, send.fileName)));
   if (output.find("the system cannot find the file specified") != std::string::npos) {
     RemoveFtpFiles(send.workingFolder);
     return false;
@@ -107,7 +107,7 @@ void WriteEntryFile(const EntrySend& send) {
 void UploadEntryFile(const EntrySend& send) {
   const bool ended = RunTrapped([&send] {
     const std::string output =
-        RunFtpScript(send.workingFolder, SendScript(send.day, send.fileName));
+        FtpTransfer(send.workingFolder).RunFtpScript(SendScript(send.day, send.fileName));
     if (HasTransferCompleted(output)) {
       send.busy.TellOutcome("Records sent to KTX successfully.", "Send succeeded",
                             MessageIcon::Information);

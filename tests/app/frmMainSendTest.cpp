@@ -3,6 +3,7 @@
 #include <gmock/gmock.h>
 
 #include "core/files/modFileIO.h"
+#include "lists/frmListIds.h"
 #include "tests/support/GridText.h"
 #include "tests/support/MainWindowFixture.h"
 #include "ui/MessageLoop.h"
@@ -143,18 +144,28 @@ TEST_F(frmMainSendTest, AnErrorInTheUploadLeavesItsProgressOnScreenAndOneBeforeD
   EXPECT_TRUE(IsHourglass());
 }
 
-TEST_F(frmMainSendTest, WhatTheClerkDoesMeanwhileDoesNotSpoilTheEnding) {
-  bool nested = false;
+TEST_F(frmMainSendTest, ATransferMeanwhileIsRefusedAndTheFirstEndsAsItBegan) {
+  folder.Write("BO.txt", "S/N~BO ID~BO Name~Client Code\r\n1~a~b~c");
+  bool first = true;
   onTransfer = [&] {
-    if (nested) return;
-    nested = true;
-    platform.files = {holdingFile};
-    Click(kBtnSend);
+    if (!std::exchange(first, false)) return;
+    const int files = folder.EntryCount();
+    Send({kNotThere});
+    EXPECT_EQ(platform.messages.back(), Message{"Permission denied"});
+    EXPECT_EQ(captions.back(), kIdle);
+    Click(kBtnList);
+    Form& list = *Form::LoadedForms().back();
+    ClickOn(ControlOf<Control>(list, frmListIds::kBtnUpdateList));
+    EXPECT_EQ(platform.messages.back(), Message{"Permission denied"});
+    EXPECT_EQ(list.Caption(), "Tallyrun v1.0 : List of BOs");
+    EXPECT_EQ(folder.EntryCount(), files);
     EXPECT_EQ(window.Caption(), kSending);
+    EXPECT_TRUE(IsHourglass());
     Click(kOptPayOut);
+    outputs = {kNotThere, kStored};
   };
-  Send({kNotThere, kStored, kNotThere, kStored});
-  EXPECT_TRUE(nested);
+  Send();
+  EXPECT_EQ(platform.messages.back().title, "Send succeeded");
   EXPECT_EQ(window.Caption(), "Tallyrun v1.0 : Pay Out");
   EXPECT_FALSE(IsHourglass());
   // What was checked was sent, though the sheet has been cleared since.

@@ -1,6 +1,8 @@
 // The exchange of lists with a client that the test plays while it is waited for.
 #include "core/RuntimeError.h"
+#include "core/files/modFileIO.h"
 #include "lists/ListExchange.h"
+#include "tests/support/ErrorOf.h"
 #include "tests/support/GridText.h"
 #include "tests/support/ProgramFixture.h"
 
@@ -34,7 +36,8 @@ struct ListExchange : ProgramFixture {
     CurrentListKind = kind;
     LayOutListGrid(grid, kind);
     FillRows(grid, rows);
-    kind == kBoKind ? SendBoList(grid, busyWindow) : ReceiveIsinList(grid, busyWindow);
+    if (kind == kBoKind) return SendBoList(grid, busyWindow);
+    ReceiveIsinList(busyWindow, [this](const std::string& path) { LoadFileIntoGrid(path, grid); });
   }
 
   std::string output = kDone, download, script, rowsSent, captionAtOutcome;
@@ -88,6 +91,24 @@ TEST_F(ListExchange, AnErrorLeavesTheWindowItselfAgainAndAnEndingProgramSaysNoth
   ExpectWindow(kCaption);
   platform.onPendingEvents = [] { throw ProgramEnding{}; };
   EXPECT_THROW(Exchange(kBoKind, {"1|a|b|c"}), ProgramEnding);
+}
+
+TEST_F(ListExchange, AnotherTransferMeanwhileIsRefusedBeforeItTouchesAFile) {
+  folder.Write("ISIN.txt", "old");
+  for (const char* first : {kBoKind, kIsinKind}) {
+    platform.onPendingEvents = [&] {
+      const int files = folder.EntryCount();
+      for (const char* second : {kBoKind, kIsinKind}) {
+        EXPECT_EQ(ErrorOf([&] { Exchange(second, {"1|a|b|c"}); }), "Permission denied");
+        EXPECT_EQ(folder.EntryCount(), files) << first << second;
+      }
+      CurrentListKind = first;
+      RunClient();
+    };
+    Exchange(first, {"1|a|b|c"});
+    EXPECT_EQ(platform.TakeMessage().icon, MessageIcon::Information);
+    ExpectWindow(kCaption);
+  }
 }
 
 }  // namespace

@@ -132,6 +132,45 @@ TEST_F(frmListTest, TheOpenBackupFrameLeavesNothingElseToDo) {
   EXPECT_EQ(Backups().ListCount(), 2);
 }
 
+TEST_F(frmListTest, TheClerkGoesOnWhileATransferRunsAndFindsTheWindowAsItWasLeft) {
+  const struct {
+    int list;
+    std::function<void()> meanwhile;
+    const char *progress, *idle;
+    bool editing;
+  } cases[] = {
+      {0, [this] { EditCell(2, 3, "typed"); }, "Sending list of BOs to KTX...Please wait...",
+       "Tallyrun v1.0 : List of BOs", true},
+      {1, [this] { EditCell(1, 3, "typed"); }, "Receiving list of ISINs from KTX...Please wait...",
+       "Tallyrun v1.0 : List of ISINs", false},  // the rows are loaded anew
+      {0, [this] { On<ComboBox>(ids::kCmbListOf).SetListIndex(1); },
+       "Sending list of BOs to KTX...Please wait...", "Tallyrun v1.0 : List of ISINs", false},
+      {1,
+       [this] {
+         Click(ids::kBtnUpdateList);
+         EXPECT_EQ(platform.TakeMessage(), Message{"Permission denied"});
+       },
+       "Receiving list of ISINs from KTX...Please wait...", "Tallyrun v1.0 : List of ISINs", false},
+  };
+  for (const auto& each : cases) {
+    SCOPED_TRACE(&each - cases);
+    On<ComboBox>(ids::kCmbListOf).SetListIndex(each.list);
+    bool first = true;
+    platform.onPendingEvents = [&] {
+      if (!std::exchange(first, false)) return;
+      each.meanwhile();
+      EXPECT_EQ(form.Caption(), each.progress);
+      folder.Write("out.txt", "226 Transfer complete.");
+    };
+    std::string captionOfBox;
+    platform.onMessage = [&](const Message&) { captionOfBox = form.Caption(); };
+    Click(ids::kBtnUpdateList);
+    EXPECT_EQ(captionOfBox, each.idle + ("..." + platform.TakeMessage().text));
+    EXPECT_EQ(form.Caption(), each.idle);
+    EXPECT_EQ(Editor().Visible(), each.editing);
+  }
+}
+
 TEST_F(frmListTest, ClosedDuringATransferItTellsTheOutcomeAndGoesUnlessWantedAgain) {
   for (const bool wantedAgain : {true, false}) {
     platform.onPendingEvents = [&] {

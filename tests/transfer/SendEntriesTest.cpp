@@ -114,6 +114,13 @@ TEST_F(SendEntriesTest, AnErrorInTheUploadLeavesCaptionAndPointerAndArchivesNoth
   EXPECT_EQ(platform.TakeMessage().text, "File not found");
   EXPECT_FALSE(folder.Has("Sent"));
   ExpectWindow(kCaption + kSending, PointerShape::Hourglass);
+  // What an earlier client printed can't be taken away: it must not be judged, and nothing runs.
+  folder.Write("out.txt", kComplete);
+  std::filesystem::permissions(folder.Native("out.txt"), std::filesystem::perms::owner_read);
+  folder.Remove("ftp2KTX.bat");
+  InSend("a", UploadEntryFile);
+  EXPECT_EQ(platform.TakeMessage().text, "Permission denied");
+  EXPECT_FALSE(folder.Has("ftp2KTX.bat"));
 }
 
 }  // namespace
