@@ -81,7 +81,8 @@ class Platform {
   // Lets pending window events run and comes back when there are none left. Raises ProgramEnding
   // once the main window is gone.
   virtual void ProcessPendingEvents() = 0;
-  // The locale's designator for an hour from 0 to 23, such as "AM" or "PM".
+  // The locale's designator for an hour from 0 to 23, such as "AM" or "PM"; "?" where the system
+  // code page can't write it.
   virtual std::string AmPmDesignator(int hour) = 0;
   // The folder of the executable, without a trailing backslash.
   virtual std::string ProgramFolder() = 0;

@@ -122,10 +122,17 @@ std::unique_ptr<Process> WindowsPlatform::StartProcess(const std::string& comman
 void WindowsPlatform::ProcessPendingEvents() { PumpMessages(); }
 
 std::string WindowsPlatform::AmPmDesignator(int hour) {
-  std::array<char, 32> designator = {};
-  GetLocaleInfoA(LOCALE_USER_DEFAULT, hour < 12 ? LOCALE_S1159 : LOCALE_S2359, designator.data(),
-                 static_cast<int>(designator.size()));
-  return designator.data();
+  std::array<wchar_t, 32> wide = {};
+  std::array<wchar_t, 32> readBack = {};
+  std::array<char, 128> designator = {};
+  GetLocaleInfoW(LOCALE_USER_DEFAULT, hour < 12 ? LOCALE_S1159 : LOCALE_S2359, wide.data(),
+                 static_cast<int>(wide.size()));
+  // A character that the code page lacks becomes one that looks alike, or "?".
+  WideCharToMultiByte(CP_ACP, 0, wide.data(), -1, designator.data(),
+                      static_cast<int>(designator.size()), nullptr, nullptr);
+  MultiByteToWideChar(CP_ACP, 0, designator.data(), -1, readBack.data(),
+                      static_cast<int>(readBack.size()));
+  return wide == readBack ? designator.data() : "?";
 }
 
 std::string WindowsPlatform::ProgramFolder() {

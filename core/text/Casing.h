@@ -1,8 +1,9 @@
-// Ignoring case: which lower-case character each of the 256 characters folds to in the system
-// code page. One implementation per system.
+// What the system code page knows of its characters: which lower-case character each of the 256
+// folds to, and which are letters and digits. One implementation per system.
 #pragma once
 
 #include <array>
+#include <string_view>
 
 namespace tallyrun {
 
@@ -14,5 +15,8 @@ const CaseTable& LowerCaseTable();
 inline char FoldCase(const CaseTable& table, char character) {
   return static_cast<char>(table[static_cast<unsigned char>(character)]);
 }
+
+// True when `text` holds letters and digits alone.
+bool IsAlphanumeric(std::string_view text);
 
 }  // namespace tallyrun

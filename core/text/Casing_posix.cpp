@@ -1,3 +1,6 @@
+#include <algorithm>
+#include <cctype>
+
 #include "core/text/Casing.h"
 
 namespace tallyrun {
@@ -23,6 +26,12 @@ constexpr CaseTable MakeTable() {
 const CaseTable& LowerCaseTable() {
   static constexpr CaseTable kTable = MakeTable();
   return kTable;
+}
+
+bool IsAlphanumeric(std::string_view text) {
+  return std::all_of(text.begin(), text.end(), [](unsigned char byte) {
+    return std::isalnum(byte) != 0 || (byte >= 0xC0 && byte != 0xD7 && byte != 0xF7);
+  });
 }
 
 }  // namespace tallyrun

@@ -1,5 +1,8 @@
 #include <windows.h>
 
+#include <algorithm>
+#include <string>
+
 #include "core/text/Casing.h"
 
 namespace tallyrun {
@@ -24,6 +27,16 @@ CaseTable MakeTable() {
 const CaseTable& LowerCaseTable() {
   static const CaseTable table = MakeTable();
   return table;
+}
+
+bool IsAlphanumeric(std::string_view text) {
+  // By way of Unicode, as half of a two-byte character is none.
+  std::wstring wide(text.size(), L'\0');
+  const int length =
+      MultiByteToWideChar(CP_ACP, MB_ERR_INVALID_CHARS, text.data(), static_cast<int>(text.size()),
+                          wide.data(), static_cast<int>(wide.size()));
+  return std::all_of(wide.begin(), wide.begin() + length, IsCharAlphaNumericW) &&
+         (length > 0 || text.empty());
 }
 
 }  // namespace tallyrun

@@ -54,6 +54,6 @@ std::string FormatDdMmmYy(const Date& date);          // 05-Jan-10
 std::string FormatDdMmYy(const Date& date);           // 050110
 std::string FormatYyyyMmDd(const Date& date);         // 2010-01-05
 std::string FormatHhMmSs(const ClockTime& time);      // 16-12-55
-std::string FormatHhMmSsAmPm(const ClockTime& time);  // 04-12-55PM, with the locale's designator
+std::string FormatHhMmSsAmPm(const ClockTime& time);  // 04-12-55PM, in the locale's words
 
 }  // namespace tallyrun

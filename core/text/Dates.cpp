@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "core/RuntimeError.h"
+#include "core/text/Casing.h"
 #include "core/text/Conversion.h"
 
 namespace tallyrun {
@@ -160,6 +161,16 @@ std::string DayAndMonthName(const Date& date) {
   return out;
 }
 
+// The locale's designator, or AM and PM where that holds what a file name or a line of a script
+// can't carry.
+std::string AmPmOf(int hour) {
+  const std::string designator = ThePlatform().AmPmDesignator(hour);
+  std::string letters = designator;
+  std::erase(letters, '.');
+  if (IsAlphanumeric(letters)) return designator;
+  return hour < 12 ? "AM" : "PM";
+}
+
 }  // namespace
 
 Date DateOf(const ClockTime& time) { return {time.year, time.month, time.day}; }
@@ -202,8 +213,7 @@ std::string FormatHhMmSs(const ClockTime& time) {
 
 std::string FormatHhMmSsAmPm(const ClockTime& time) {
   const int hour = time.hour % 12 == 0 ? 12 : time.hour % 12;
-  return Joined({{hour, 2}, {time.minute, 2}, {time.second, 2}}, '-') +
-         ThePlatform().AmPmDesignator(time.hour);
+  return Joined({{hour, 2}, {time.minute, 2}, {time.second, 2}}, '-') + AmPmOf(time.hour);
 }
 
 }  // namespace tallyrun

@@ -72,7 +72,9 @@ void RecordingPlatform::ProcessPendingEvents() {
   if (onPendingEvents) onPendingEvents();
 }
 
-std::string RecordingPlatform::AmPmDesignator(int hour) { return hour < 12 ? "AM" : "PM"; }
+std::string RecordingPlatform::AmPmDesignator(int hour) {
+  return hour < 12 ? amPm.first : amPm.second;
+}
 
 std::string RecordingPlatform::ProgramFolder() { return programFolder; }
 

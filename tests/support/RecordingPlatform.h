@@ -6,6 +6,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "core/Platform.h"
@@ -25,6 +26,7 @@ class RecordingPlatform : public Platform {
   std::deque<std::optional<std::string>> files;
   std::deque<std::string> folders;
   ClockTime now{2010, 1, 6, 16, 12, 55, 0};
+  std::pair<std::string, std::string> amPm{"AM", "PM"};
   std::string programFolder;
   // Runs whenever a box is shown, before it is answered.
   std::function<void(const Message&)> onMessage;

@@ -108,6 +108,18 @@ TEST(ConversionTest, DatesAndTimesAreWrittenInEnglish) {
   EXPECT_EQ(FormatHhMmSsAmPm({2010, 1, 5, 0, 7, 9, 0}), "12-07-09AM");
   EXPECT_EQ(FormatHhMmSsAmPm({2010, 1, 5, 12, 7, 9, 0}), "12-07-09PM");
   EXPECT_EQ(FormatHhMmSsAmPm({2010, 1, 5, 23, 7, 9, 0}), "11-07-09PM");
+  // What a file name or a script's line can't carry gives way.
+  for (const char* given : {"", "p.m.", "NACHM",
+                            "\xD6"
+                            "gle.2"}) {
+    platform.amPm.second = given;
+    EXPECT_EQ(FormatHhMmSsAmPm({2010, 1, 5, 23, 7, 9, 0}), std::string("11-07-09") + given);
+  }
+  for (const char* given : {"??", "p. m.", "p.\xA0m.", "p/m", "PM\xF7"}) {
+    platform.amPm = {given, given};
+    EXPECT_EQ(FormatHhMmSsAmPm({2010, 1, 5, 23, 7, 9, 0}), "11-07-09PM") << given;
+    EXPECT_EQ(FormatHhMmSsAmPm({2010, 1, 5, 3, 7, 9, 0}), "03-07-09AM") << given;
+  }
 }
 
 }  // namespace
