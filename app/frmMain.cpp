@@ -18,6 +18,8 @@
 #include "lists/ListKind.h"
 #include "reports/InstructionReport.h"
 #include "settings/frmSettings.h"
+#include "transfer/CheckAlreadySent.h"
+#include "transfer/UploadEntryFile.h"
 
 namespace tallyrun {
 namespace {
@@ -377,7 +379,11 @@ void frmMain::btnReport_Click() {
 }
 
 void frmMain::btnSend_Click() {
-  if (!ConfirmSend(PickedDay())) return;
+  if (!Ask("Are you sure to send the entered records to KTX as " + DayFileText() + " ?",
+           EntryMode.name + " of " + FormatDdMmmYyyy(PickedDay()) + " Send Confirmation",
+           MessageIcon::Question)) {
+    return;
+  }
   const std::string progress = "...Sending records to KTX...Please wait.";
   BusyScope busy(*this);
   busy.Show(progress);
@@ -394,7 +400,7 @@ void frmMain::btnSend_Click() {
   busy.Show(progress);  // the holding check had its own
   const EntrySend send(Grid(), PickedDay(), busy);
   if (CheckAlreadySent(send)) return;
-  WriteEntryFile(send);
+  WriteWholeFile(send.workingFolder + send.fileName, send.sheet);
   UploadEntryFile(send);
 }
 

@@ -9,7 +9,6 @@
 #include "holding/CheckHoldings.h"
 #include "holding/frmHoldingMessage.h"
 #include "lists/frmList.h"
-#include "transfer/SendEntries.h"
 #include "ui/Button.h"
 #include "ui/DatePicker.h"
 #include "ui/FlexGridControl.h"

@@ -3,26 +3,25 @@
 #include <optional>
 
 #include "core/BusyScope.h"
+#include "core/Platform.h"
 #include "core/entry/Settings.h"
 #include "core/files/modFileIO.h"
-#include "core/text/Conversion.h"
 #include "lists/ListBackups.h"
 #include "lists/ListKind.h"
 #include "lists/ListRows.h"
-#include "transfer/FtpScript.h"
 #include "transfer/FtpTransfer.h"
 
 namespace tallyrun {
 namespace {
 
-// The upload without its ending; also the server's folder of earlier ones.
-std::string UploadStem(const std::string& brokerId) { return "BO_" + brokerId; }
-
-// Both give back what the client printed.
-std::string Upload(const FlexGrid& grid, const std::string& folder, const std::string& file) {
+// Both give back what the client printed. The server keeps the broker's earlier upload under the
+// moment of the one that replaces it.
+std::string Upload(const FlexGrid& grid, const std::string& folder, const std::string& stem) {
   const FtpTransfer transfer(folder);
-  SaveGridToFile(grid, file);
-  return transfer.RunFtpScript(SendBoListScript(Settings.brokerId, ThePlatform().Now()));
+  SaveGridToFile(grid, folder + stem + ".txt");
+  const std::string earlier = stem + "/" + stem + "_" + SendStamp(ThePlatform().Now()) + ".txt";
+  return transfer.RunFtpScript(
+      {"mkdir " + stem, "rename " + stem + ".txt " + earlier, "put " + stem + ".txt"});
 }
 
 // Nothing when the list could not be kept: it is not put at risk then.
@@ -30,7 +29,7 @@ std::optional<std::string> Download(const std::string& folder, const std::string
                                     const std::string& backup) {
   const FtpTransfer transfer(folder);
   if (FileExists(list) && !CopyTextFile(list, backup)) return std::nullopt;
-  return transfer.RunFtpScript(ReceiveIsinListScript());
+  return transfer.RunFtpScript({"get " + ListFileNameOf(kIsinKind)});
 }
 
 void RestoreList(const std::string& list, const std::string& backup) {
@@ -40,31 +39,21 @@ void RestoreList(const std::string& list, const std::string& backup) {
 
 }  // namespace
 
-std::string SendBoListScript(const std::string& brokerId, const ClockTime& moment) {
-  const std::string stem = UploadStem(brokerId);
-  const std::string archived = stem + "/" + stem + "_" + FormatDdMmmYy(DateOf(moment)) + "_" +
-                               FormatHhMmSsAmPm(moment) + ".txt";
-  return FtpScript(
-      {"mkdir " + stem, "rename " + stem + ".txt " + archived, "put " + stem + ".txt"});
-}
-
-std::string ReceiveIsinListScript() { return FtpScript({"get " + ListFileNameOf(kIsinKind)}); }
-
 void SendBoList(FlexGrid& grid, BusyWindow& window) {
   if (HasBlankRow(grid)) return;
   BusyScope busy(window);
   busy.Show("Sending list of BOs to KTX...Please wait...");
   // Kept, because the clerk can save other settings while the transfer is waited for.
   const std::string folder = Settings.backupLocation;
-  const std::string file = folder + UploadStem(Settings.brokerId) + ".txt";
-  if (HasTransferCompleted(Upload(grid, folder, file))) {
+  const std::string stem = "BO_" + Settings.brokerId;
+  if (HasTransferCompleted(Upload(grid, folder, stem))) {
     busy.TellOutcome("List of BOs sent to KTX successfully.", "Send succeeded",
                      MessageIcon::Information);
   } else {
     busy.TellOutcome("List of BOs not sent to KTX.", "Send failed", MessageIcon::Critical);
   }
   RemoveFtpFiles(folder);
-  DeleteFileAt(file);
+  DeleteFileAt(folder + stem + ".txt");
 }
 
 void ReceiveIsinList(BusyWindow& window, const std::function<void(const std::string&)>& showList) {

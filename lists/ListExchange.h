@@ -6,15 +6,9 @@
 #include <string>
 
 #include "core/BusyWindow.h"
-#include "core/Platform.h"
 #include "core/grid/FlexGrid.h"
 
 namespace tallyrun {
-
-// The scripts, byte for byte. The server keeps the broker's earlier upload under the moment of
-// the one that replaces it.
-std::string SendBoListScript(const std::string& brokerId, const ClockTime& moment);
-std::string ReceiveIsinListScript();
 
 // Uploads the rows as the grid shows them, saved or not, and tells the outcome. A blank row is
 // told instead, and nothing is sent. The window's caption and pointer are its own again on every

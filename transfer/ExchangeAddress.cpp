@@ -1,5 +1,5 @@
 // The one place that the build's exchange address goes into.
-#include "transfer/FtpScript.h"
+#include "transfer/FtpTransfer.h"
 
 namespace tallyrun {
 

@@ -1,5 +1,4 @@
 list(APPEND portable_tests
-  transfer/FtpScriptTest.cpp
-  transfer/SendEntriesTest.cpp
+  transfer/EntrySendTest.cpp
   transfer/ShellAndWaitTest.cpp
 )

@@ -2,8 +2,9 @@
 // conclude, show and leave behind.
 #include "tests/support/GridText.h"
 #include "tests/support/ProgramFixture.h"
-#include "transfer/FtpScript.h"
-#include "transfer/SendEntries.h"
+#include "transfer/CheckAlreadySent.h"
+#include "transfer/FtpTransfer.h"
+#include "transfer/UploadEntryFile.h"
 
 namespace tallyrun::testing {
 namespace {
@@ -13,8 +14,8 @@ const std::string kSending = "...Sending records to KTX...Please wait.";
 constexpr char kFileName[] = "05-Jan-2010_PI_123456.txt";
 constexpr char kComplete[] = "226 Transfer complete.\r\n";
 
-struct SendEntriesTest : ProgramFixture {
-  SendEntriesTest() {
+struct EntrySendTest : ProgramFixture {
+  EntrySendTest() {
     EntryMode = kPayIn;
     grid.SetCols(2);
     FillRows(grid, {"1|a"});
@@ -25,7 +26,9 @@ struct SendEntriesTest : ProgramFixture {
   void PlayClient(const std::optional<std::string>& output, std::optional<std::string> localFile) {
     platform.started.clear();
     platform.onPendingEvents = [=, this] {
-      EXPECT_EQ(folder.Read("ftp2KTX.bat"), BatchText(folder.Path()));
+      const std::string path = folder.Path();
+      EXPECT_EQ(folder.Read("ftp2KTX.bat"), path.substr(0, 2) + "\r\ncd \"" + path +
+                                                "\"\r\nftp -s:ftp2KTX.txt>out.txt\r\nexit");
       script = folder.Read("ftp2KTX.txt");
       if (localFile) folder.Write(kFileName, *localFile);
       if (output) folder.Write("out.txt", *output);
@@ -41,12 +44,18 @@ struct SendEntriesTest : ProgramFixture {
     FillRows(grid, {"1|" + cell});
     return step(EntrySend(grid, Date{2010, 1, 5}, busy));
   }
+  static std::string ScriptWith(const std::string& command) {
+    return std::string("open ") + kExchangeAddress +
+           "\r\nledgerhand\r\nqz5071\r\nprompt\r\ncd entry\r\nmkdir 05-Jan-2010\r\n"
+           "cd 05-Jan-2010\r\n" +
+           command + " 05-Jan-2010_PI_123456.txt\r\nbye";
+  }
   bool HasTransferFiles() { return folder.Has("ftp2KTX.txt") || folder.Has("out.txt"); }
 
   std::string captionOfBox, script;
 };
 
-TEST_F(SendEntriesTest, TheCheckStopsWhenTheFileIsThereOrNothingCouldBeFoundOut) {
+TEST_F(EntrySendTest, TheCheckStopsWhenTheFileIsThereOrNothingCouldBeFoundOut) {
   const Message alreadySent = {"File already sent. Your sent file will be shown now.",
                                kApplicationTitle, MessageIcon::Critical};
   const struct {
@@ -67,7 +76,7 @@ TEST_F(SendEntriesTest, TheCheckStopsWhenTheFileIsThereOrNothingCouldBeFoundOut)
     }
     PlayClient(each.output, each.localFile);
     EXPECT_EQ(InSend("a", CheckAlreadySent), each.stops);
-    EXPECT_EQ(script, AlreadySentScript("05-Jan-2010", kFileName));
+    EXPECT_EQ(script, ScriptWith("get"));
     EXPECT_EQ(HasTransferFiles(), each.filesLeft);
     EXPECT_EQ(platform.messages, each.boxes);
     ExpectWindow(kCaption);
@@ -77,7 +86,7 @@ TEST_F(SendEntriesTest, TheCheckStopsWhenTheFileIsThereOrNothingCouldBeFoundOut)
   EXPECT_EQ(platform.started[1].commandLine, "notepad \"" + (folder / kFileName) + "\"");
 }
 
-TEST_F(SendEntriesTest, TheUploadIsJudgedToldCleanedUpAndArchivedWithoutReplacingAnother) {
+TEST_F(EntrySendTest, TheUploadIsJudgedToldCleanedUpAndArchivedWithoutReplacingAnother) {
   const Message failed = {"Records were not sent to KTX.", "Send failed", MessageIcon::Critical};
   const struct {
     const char *output, *cell;
@@ -93,12 +102,8 @@ TEST_F(SendEntriesTest, TheUploadIsJudgedToldCleanedUpAndArchivedWithoutReplacin
   for (const auto& each : cases) {
     const std::string sheet = std::string("~\r\n1~") + each.cell + "\r";
     PlayClient(each.output, {});
-    InSend(each.cell, [](const EntrySend& send) {
-      WriteEntryFile(send);
-      UploadEntryFile(send);
-    });
-    EXPECT_EQ(folder.Read(kFileName), sheet);
-    EXPECT_EQ(script, SendScript("05-Jan-2010", kFileName));
+    InSend(each.cell, UploadEntryFile);
+    EXPECT_EQ(script, ScriptWith("put"));
     EXPECT_EQ(platform.TakeMessage(), each.outcome);
     EXPECT_EQ(captionOfBox, kCaption + "..." + each.outcome.text);
     EXPECT_FALSE(HasTransferFiles());
@@ -108,7 +113,7 @@ TEST_F(SendEntriesTest, TheUploadIsJudgedToldCleanedUpAndArchivedWithoutReplacin
   }
 }
 
-TEST_F(SendEntriesTest, AnErrorInTheUploadLeavesCaptionAndPointerAndArchivesNothing) {
+TEST_F(EntrySendTest, AnErrorInTheUploadLeavesCaptionAndPointerAndArchivesNothing) {
   PlayClient({}, {});
   InSend("a", UploadEntryFile);
   EXPECT_EQ(platform.TakeMessage().text, "File not found");
