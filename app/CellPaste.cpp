@@ -3,7 +3,7 @@
 #include <algorithm>
 
 #include "core/entry/EntryRow.h"
-#include "core/grid/GridRows.h"
+#include "core/grid/ColumnWidths.h"
 
 namespace tallyrun {
 namespace {

@@ -7,7 +7,7 @@
 #include "core/Platform.h"
 #include "core/entry/BoIdFormat.h"
 #include "core/entry/EntryRow.h"
-#include "core/grid/GridRows.h"
+#include "core/grid/ColumnWidths.h"
 #include "core/masterlists/Lookups.h"
 
 namespace tallyrun {

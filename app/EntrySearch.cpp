@@ -1,9 +1,9 @@
 #include "app/EntrySearch.h"
 
 #include <string>
-#include <vector>
 
 #include "core/entry/EntryRow.h"
+#include "core/grid/PerValue.h"
 #include "core/text/Conversion.h"
 
 namespace tallyrun {
@@ -16,39 +16,27 @@ const SearchColumn kSearchColumns[kSearchColumnCount] = {
 
 namespace {
 
-// Whether a cell contains the wanted text, each distinct text being searched once.
+// Whether a cell contains the wanted text, each distinct cell being searched once.
 class CellMatcher {
  public:
   CellMatcher(const FlexGrid& grid, std::string_view wanted)
-      : grid_(grid), wanted_(ToLower(Trim(wanted))), known_(grid.DistinctTexts(), kUnknown) {}
+      : grid_(grid), wanted_(ToLower(Trim(wanted))) {}
 
   bool Matches(CellValue value) {
-    if (IsNumber(value)) return Contains(value);
-    char& known = known_[static_cast<std::size_t>(value)];
-    if (known == kUnknown) known = Contains(value) ? kYes : kNo;
-    return known == kYes;
+    std::optional<bool>& known = known_[value];
+    if (!known) known = ToLower(grid_.Text(value)).find(wanted_) != std::string::npos;
+    return *known;
   }
 
  private:
-  static constexpr char kUnknown = 0;
-  static constexpr char kYes = 1;
-  static constexpr char kNo = 2;
-
-  bool Contains(CellValue value) const {
-    CellScratch scratch;
-    const std::string_view text = grid_.View(value, scratch);
-    if (IsNumber(value)) return text.find(wanted_) != text.npos;
-    return ToLower(text).find(wanted_) != std::string::npos;
-  }
-
   const FlexGrid& grid_;
   const std::string wanted_;
-  std::vector<char> known_;
+  PerValue<std::optional<bool>> known_;
 };
 
 }  // namespace
 
-int FindEntry(const FlexGrid& grid, int col, std::string_view text) {
+std::optional<int> FindEntry(const FlexGrid& grid, int col, std::string_view text) {
   CellMatcher matcher(grid, text);
   for (int row = grid.Row() + 1; row < grid.Rows(); ++row) {
     if (matcher.Matches(grid.Cell(row, col))) return row;
@@ -56,7 +44,7 @@ int FindEntry(const FlexGrid& grid, int col, std::string_view text) {
   for (int row = 1; row < grid.Row(); ++row) {
     if (matcher.Matches(grid.Cell(row, col))) return row;
   }
-  return 0;
+  return std::nullopt;
 }
 
 void ShowFoundEntry(FlexGrid& grid, int row) {

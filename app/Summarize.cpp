@@ -2,22 +2,16 @@
 
 #include <cstdint>
 #include <limits>
-#include <span>
+#include <string>
 #include <vector>
 
 #include "core/RuntimeError.h"
 #include "core/entry/EntryRow.h"
-#include "core/grid/ColumnFitter.h"
+#include "core/grid/ColumnWidths.h"
 #include "core/text/Conversion.h"
 
 namespace tallyrun {
 namespace {
-
-std::int32_t QuantityOf(const FlexGrid& grid, CellValue quantity) {
-  if (IsNumber(quantity)) return static_cast<std::int32_t>(NumberOf(quantity));
-  CellScratch scratch;
-  return ToInt32(grid.View(quantity, scratch));
-}
 
 std::int32_t Sum(std::int32_t left, std::int32_t right) {
   const std::int64_t sum = std::int64_t{left} + right;
@@ -28,60 +22,58 @@ std::int32_t Sum(std::int32_t left, std::int32_t right) {
   return static_cast<std::int32_t>(sum);
 }
 
-// Drops the rows marked as merged in one pass, however the merging ended. Serial numbers stay
-// with their places.
+bool IsSameEntry(const FlexGrid& grid, int row, int other) {
+  return grid.Cell(row, EntryColumn::kBoId) == grid.Cell(other, EntryColumn::kBoId) &&
+         grid.Cell(row, EntryColumn::kIsinCode) == grid.Cell(other, EntryColumn::kIsinCode);
+}
+
+// Adds the row's quantity to the row above; of two that are no number the upper one is told.
+void AddToRowAbove(FlexGrid& grid, int row) {
+  const std::int32_t above = ToInt32(grid.Text(row - 1, EntryColumn::kQuantity));
+  const std::int32_t own = ToInt32(grid.Text(row, EntryColumn::kQuantity));
+  grid.SetText(row - 1, EntryColumn::kQuantity, std::to_string(Sum(above, own)));
+}
+
+// Takes out the rows that are merged into those above, all at once, so that however many there are
+// each row moves once. Serial numbers stay with their places.
 class MergedRows {
  public:
   explicit MergedRows(FlexGrid& grid)
-      : grid_(grid), merged_(static_cast<std::size_t>(grid.Rows()), false) {}
-  MergedRows(const MergedRows&) = delete;
-  MergedRows& operator=(const MergedRows&) = delete;
+      : grid_(grid), isMerged_(static_cast<std::size_t>(grid.Rows())) {}
 
-  void Mark(std::size_t row) { merged_[row] = true; }
+  void Mark(int row) { isMerged_[static_cast<std::size_t>(row)] = true; }
 
-  void Drop() {
-    std::vector<std::uint32_t> kept;
-    for (std::uint32_t row = 1; row < merged_.size(); ++row) {
-      if (!merged_[row]) kept.push_back(row);
+  void TakeOut() {
+    int kept = 0;
+    for (int row = 1; row < grid_.Rows(); ++row) {
+      if (isMerged_[static_cast<std::size_t>(row)]) continue;
+      ++kept;
+      for (int col = 1; col < grid_.Cols(); ++col) grid_.SetCell(kept, col, grid_.Cell(row, col));
     }
-    for (int col = 1; col < grid_.Cols(); ++col) {
-      const auto cells = grid_.ColumnCells(col);
-      for (std::size_t at = 0; at < kept.size(); ++at) cells[1 + at] = cells[kept[at]];
-    }
-    grid_.SetRows(1 + static_cast<int>(kept.size()));
+    grid_.SetRows(1 + kept);
+    FitColumn(grid_, EntryColumn::kQuantity);
   }
 
  private:
   FlexGrid& grid_;
-  std::vector<bool> merged_;
+  std::vector<bool> isMerged_;
 };
-
-void MergeUpward(FlexGrid& grid, MergedRows& merged) {
-  ColumnFitter fitter(grid);
-  const std::span<const CellValue> boIds = grid.ColumnCells(EntryColumn::kBoId);
-  const std::span<const CellValue> isins = grid.ColumnCells(EntryColumn::kIsinCode);
-  const std::span<CellValue> quantities = grid.ColumnCells(EntryColumn::kQuantity);
-  for (std::size_t row = quantities.size() - 1; row > 1; --row) {
-    if (boIds[row] != boIds[row - 1] || isins[row] != isins[row - 1]) continue;
-    const CellValue sum = grid.InternNumber(
-        Sum(QuantityOf(grid, quantities[row - 1]), QuantityOf(grid, quantities[row])));
-    quantities[row - 1] = sum;
-    fitter.Fit(EntryColumn::kQuantity, sum);
-    merged.Mark(row);
-  }
-}
 
 }  // namespace
 
 void MergeEqualEntries(FlexGrid& grid) {
   MergedRows merged(grid);
   try {
-    MergeUpward(grid, merged);
+    for (int row = grid.Rows() - 1; row > 1; --row) {
+      if (!IsSameEntry(grid, row - 1, row)) continue;
+      AddToRowAbove(grid, row);
+      merged.Mark(row);
+    }
   } catch (...) {
-    merged.Drop();
+    merged.TakeOut();
     throw;
   }
-  merged.Drop();
+  merged.TakeOut();
 }
 
 }  // namespace tallyrun

@@ -5,32 +5,114 @@
 #include <vector>
 
 #include "app/ConfirmLoading.h"
-#include "app/TradeLines.h"
-#include "app/TradeRows.h"
-#include "core/ReadAhead.h"
 #include "core/RuntimeError.h"
-#include "core/files/LineBlocks.h"
 #include "core/files/modFileIO.h"
+#include "core/grid/ColumnWidths.h"
 #include "core/grid/GridRows.h"
-#include "core/masterlists/Lists.h"
+#include "core/masterlists/Lookups.h"
+#include "core/text/PerText.h"
+#include "core/text/Split.h"
 
 namespace tallyrun {
 namespace {
 
+// Which fields of a line are looked at, counted from 0.
+namespace TradeField {
+constexpr std::size_t kScripId = 1;
+constexpr std::size_t kSide = 3;
+constexpr std::size_t kQuantity = 4;
+constexpr std::size_t kClientCode = 6;
+constexpr std::size_t kTradeDate = 10;
+constexpr std::size_t kCount = 11;
+}  // namespace TradeField
+
 std::string_view FileNameOf(std::string_view path) {
-  const std::size_t separator = path.find_last_of("\\/:");
-  return separator == path.npos ? path : path.substr(separator + 1);
+  return path.substr(path.find_last_of("\\/:") + 1);
 }
 
-void TakeAll(FlexGrid& grid, LineBlocks& blocks, const std::string& side, TradeRows& rows) {
-  TradeReader reader(side, BoList.IndexWithoutCr(BoField::kClientCode));
-  ReadAhead<TradeLines> parts([&](TradeLines& lines) { reader.Read(blocks, lines); });
-  grid.ReserveRows(blocks.LinesToExpect() + 1);
-  while (const TradeLines* const part = parts.Next()) {
-    const int needed = 1 + rows.Filled() + static_cast<int>(part->lines.size());
-    grid.SetRows(std::max(grid.Rows(), needed));
-    rows.Take(*part);
+using TradeFields = FirstPieces<TradeField::kCount>;
+
+std::string_view FieldAt(const TradeFields& fields, std::size_t number) {
+  if (number >= fields.Count()) throw RuntimeError(ErrorKind::SubscriptOutOfRange);
+  return fields[number];
+}
+
+// Fills the sheet's rows from a file's lines, top to bottom.
+class TradeRows {
+ public:
+  explicit TradeRows(FlexGrid& grid) : grid_(grid) {}
+
+  int Count() const { return count_; }
+
+  // Fills the next row field by field: what stands before one that is missing or wrong stays.
+  void Add(const TradeFields& fields) {
+    ++count_;
+    const Security& security = SecurityOf(FieldAt(fields, TradeField::kScripId));
+    Put(EntryColumn::kScripId, security.scripId);
+    Put(EntryColumn::kQuantity, grid_.Intern(FieldAt(fields, TradeField::kQuantity)));
+    const Account& account = AccountOf(FieldAt(fields, TradeField::kClientCode));
+    Put(EntryColumn::kClientCode, account.clientCode);
+    Put(EntryColumn::kBoId, account.boId);
+    Put(EntryColumn::kBoName, account.boName);
+    Put(EntryColumn::kTradeDate, TradeDateOf(FieldAt(fields, TradeField::kTradeDate)));
+    Put(EntryColumn::kIsinCode, security.isinCode);
+    Put(EntryColumn::kIsinName, security.isinName);
   }
+
+ private:
+  struct Account {
+    CellValue clientCode;
+    CellValue boId;
+    CellValue boName;
+  };
+  struct Security {
+    CellValue scripId;
+    CellValue isinCode;
+    CellValue isinName;
+  };
+
+  void Put(int col, CellValue value) { grid_.SetCell(count_, col, value); }
+
+  const Account& AccountOf(std::string_view clientCode) {
+    return accounts_.Of(clientCode, [this](std::string_view code) {
+      const std::string boId = LookupBoIdByClientCode(code);
+      return Account{grid_.Intern(code), grid_.Intern(boId), grid_.Intern(LookupBoName(boId))};
+    });
+  }
+
+  const Security& SecurityOf(std::string_view scripId) {
+    return securities_.Of(scripId, [this](std::string_view scrip) {
+      const std::string isinCode = LookupIsinCodeByScrip(scrip);
+      return Security{grid_.Intern(scrip), grid_.Intern(isinCode),
+                      grid_.Intern(LookupIsinName(isinCode))};
+    });
+  }
+
+  CellValue TradeDateOf(std::string_view text) {
+    return tradeDates_.Of(text, [this](std::string_view date) {
+      return grid_.Intern(FormatDdMmmYyyy(ToDate(date)));
+    });
+  }
+
+  FlexGrid& grid_;
+  PerText<Account> accounts_;
+  PerText<Security> securities_;
+  PerText<CellValue> tradeDates_;
+  int count_ = 0;
+};
+
+void AddTrades(std::string_view text, std::string_view side, TradeRows& rows) {
+  for (const std::string_view line : Pieces(text, kLineEnd)) {
+    const TradeFields fields(line, '|');
+    if (fields.Count() >= 2 && FieldAt(fields, TradeField::kSide) == side) rows.Add(fields);
+  }
+}
+
+// The rows that were filled stay, those that were never reached go; of none the blank row stays.
+void EndRows(FlexGrid& grid, const TradeRows& rows) {
+  grid.SetRows(std::max(2, rows.Count() + 1));
+  RenumberRows(grid, 1);
+  FitAllColumns(grid);
 }
 
 }  // namespace
@@ -38,13 +120,9 @@ void TakeAll(FlexGrid& grid, LineBlocks& blocks, const std::string& side, TradeR
 std::optional<TradeFileName> ReadTradeFileName(const std::string& path) {
   const std::string name = ToLower(FileNameOf(path));
   const std::vector<std::string_view> pieces = Split(name, "_");
-  if (pieces.empty()) return std::nullopt;
-  const EntryModeTexts* const mode = pieces[0] == "payin"    ? &kPayIn
-                                     : pieces[0] == "payout" ? &kPayOut
-                                                             : nullptr;
-  if (mode == nullptr) return std::nullopt;
-  if (pieces.size() < 2) throw RuntimeError(ErrorKind::SubscriptOutOfRange);
-  return TradeFileName{*mode, ToDate(pieces[1].substr(0, pieces[1].find(".txt")))};
+  if (pieces.size() < 2 || (pieces[0] != "payin" && pieces[0] != "payout")) return std::nullopt;
+  return TradeFileName{pieces[0] == "payin" ? kPayIn : kPayOut,
+                       ToDate(pieces[1].substr(0, pieces[1].find(".txt")))};
 }
 
 std::string TradeSideOf(const EntryModeTexts& mode) { return mode == kPayIn ? "S" : "B"; }
@@ -52,17 +130,20 @@ std::string TradeSideOf(const EntryModeTexts& mode) { return mode == kPayIn ? "S
 bool LoadTradeFile(FlexGrid& grid, const std::string& path, const std::string& side) {
   if (!IsGridEmpty(grid) && !ConfirmLoading()) return false;
   ClearEntryGrid(grid);
-  LineBlocks blocks(path);
+  FillFromTrades(ReadWholeFile(path), side, grid);
+  return true;
+}
+
+void FillFromTrades(std::string_view text, std::string_view side, FlexGrid& grid) {
+  grid.SetRows(std::max(2, static_cast<int>(CountPieces(text, kLineEnd)) + 1));
   TradeRows rows(grid);
   try {
-    TakeAll(grid, blocks, side, rows);
+    AddTrades(text, side, rows);
   } catch (...) {
-    // The rows filled so far stay, those that were never reached go.
-    grid.SetRows(std::max(2, rows.Filled() + 1));
+    EndRows(grid, rows);
     throw;
   }
-  grid.SetRows(rows.Filled() + 1);
-  return true;
+  EndRows(grid, rows);
 }
 
 }  // namespace tallyrun

@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 #include "core/entry/EntryRow.h"
 #include "core/grid/FlexGrid.h"
@@ -22,10 +23,14 @@ std::optional<TradeFileName> ReadTradeFileName(const std::string& path);
 // The side of the trades that a mode takes: clients deliver what they sold.
 std::string TradeSideOf(const EntryModeTexts& mode);
 
-// Fills the sheet with the trades of one side ("B" or "S"), after asking when there are rows to
-// lose; false when the clerk would rather keep them. Raises the file's error, SubscriptOutOfRange
-// at a line too short for its fields and TypeMismatch at a trade date that is none; the rows filled
-// so far stay.
+// Fills the sheet with the file's trades of one side ("B" or "S"), after asking when there are rows
+// to lose; false when the clerk would rather keep them. Raises the file's error and what
+// FillFromTrades does.
 bool LoadTradeFile(FlexGrid& grid, const std::string& path, const std::string& side);
+
+// The same for the file's text and an empty sheet. Raises SubscriptOutOfRange at a line too short
+// for its fields and TypeMismatch at a trade date that is none; the rows filled so far stay, or the
+// blank row when there are none.
+void FillFromTrades(std::string_view text, std::string_view side, FlexGrid& grid);
 
 }  // namespace tallyrun

@@ -333,12 +333,12 @@ void frmMain::btnSave_Click() {
 
 void frmMain::btnSearch_Click() {
   const int index = std::max(0, cmbSearch.ListIndex());
-  const int row = FindEntry(Grid(), kSearchColumns[index].col, txtSearch.Text());
-  if (row == 0) {
+  const std::optional<int> row = FindEntry(Grid(), kSearchColumns[index].col, txtSearch.Text());
+  if (!row) {
     Tell("No such record found.", "Record not found.", MessageIcon::Critical);
     return;
   }
-  ShowFoundEntry(Grid(), row);
+  ShowFoundEntry(Grid(), *row);
 }
 
 void frmMain::mnuCopy_Click() { copyRow_ = Grid().Row(); }

@@ -2,7 +2,7 @@
 #include "app/CellRules.h"
 #include "app/frmMain.h"
 #include "app/frmMainIds.h"
-#include "core/grid/GridRows.h"
+#include "core/grid/ColumnWidths.h"
 #include "ui/CellEditor.h"
 
 namespace tallyrun {

@@ -23,8 +23,8 @@ const DayFiles& Files() {
 }
 
 void LoadLists() {
-  RecordList::Read(BoList, Files().BoList(), BoField::kCount, true);
-  RecordList::Read(IsinList, Files().IsinList(), IsinField::kCount, false);
+  ReadBoList(Files().BoList());
+  ReadIsinList(Files().IsinList());
 }
 
 std::vector<std::string> FieldsOf(const RecordList& list, int field) {

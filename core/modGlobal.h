@@ -6,6 +6,7 @@
 #include "core/entry/RowChecks.h"
 #include "core/entry/Settings.h"
 #include "core/entry/SortEntries.h"
+#include "core/grid/ColumnWidths.h"
 #include "core/grid/GridRows.h"
 #include "core/grid/SortGrid.h"
 #include "core/masterlists/Lists.h"

@@ -4,6 +4,7 @@
 
 #include "core/Application.h"
 #include "core/entry/Settings.h"
+#include "core/grid/ColumnWidths.h"
 #include "core/grid/GridRows.h"
 
 namespace tallyrun {

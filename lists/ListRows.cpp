@@ -23,10 +23,9 @@ bool HasBlankRow(FlexGrid& grid) {
 }
 
 int FindRowContaining(const FlexGrid& grid, std::string_view text) {
-  CellScratch scratch;
   for (int row = 1; row < grid.Rows(); ++row) {
     for (int col = 1; col < grid.Cols(); ++col) {
-      if (grid.View(row, col, scratch).find(text) != std::string_view::npos) return row;
+      if (std::string_view(grid.Text(row, col)).find(text) != text.npos) return row;
     }
   }
   return 0;

@@ -4,6 +4,7 @@
 #include "core/entry/BoIdFormat.h"
 #include "core/entry/Settings.h"
 #include "core/files/modFileIO.h"
+#include "core/grid/ColumnWidths.h"
 #include "core/grid/GridRows.h"
 #include "core/masterlists/Lists.h"
 #include "core/text/Conversion.h"

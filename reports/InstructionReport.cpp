@@ -1,13 +1,11 @@
 #include "reports/InstructionReport.h"
 
-#include <algorithm>
-
 #include "core/ErrorTrap.h"
 #include "core/Platform.h"
 #include "core/entry/EntryRow.h"
 #include "core/entry/Settings.h"
 #include "core/files/modFileIO.h"
-#include "core/text/TextWriter.h"
+#include "core/text/Split.h"
 
 namespace tallyrun {
 namespace {
@@ -44,236 +42,130 @@ constexpr std::size_t kSignatureWidth = 33;
 constexpr std::string_view kLeftSignature = "Authorized Signatory";
 constexpr std::string_view kRightSignature = "Approved By KTX Official";
 
-// `append(kept)` appends what the width leaves of the text.
-template <class Append>
-void AppendPaddedBy(Append&& append, TextWriter& report, std::string_view text, int width,
-                    bool alignRight) {
-  const auto size = static_cast<std::size_t>(width);
-  const std::string_view kept = text.substr(0, size);
-  if (alignRight) report.AppendBlanks(size - kept.size());
-  append(kept);
-  if (!alignRight) report.AppendBlanks(size - kept.size());
-}
+std::string Rule(char character) { return std::string(kReportWidth, character); }
 
-void AppendPadded(TextWriter& report, std::string_view text, int width, bool alignRight = false) {
-  AppendPaddedBy([&report](std::string_view kept) { report.Append(kept); }, report, text, width,
-                 alignRight);
-}
+std::string Blanks(std::size_t count) { return std::string(count, ' '); }
 
-// The same for a text behind which kReadableBehindText bytes can be read.
-void AppendStoredPadded(TextWriter& report, std::string_view text, int width, bool alignRight) {
-  AppendPaddedBy([&report](std::string_view kept) { report.AppendStored(kept); }, report, text,
-                 width, alignRight);
-}
-
-void StartLine(TextWriter& report) { report.Append(kLineEnd); }
-
-void AppendRule(TextWriter& report, char character) {
-  StartLine(report);
-  report.AppendRepeated(kReportWidth, character);
-}
-
-// The blanks under "Sl.#" with which the lines of an account begin.
-void StartAccountLine(TextWriter& report) {
-  StartLine(report);
-  report.AppendBlanks(static_cast<std::size_t>(kSerialWidth));
-  report.Append(kGap);
-}
-
-class ReportBuilder {
+class Report {
  public:
-  ReportBuilder(const FlexGrid& entries, TextWriter& report) : entries_(entries), report_(report) {}
+  explicit Report(const FlexGrid& entries) : entries_(entries) {}
 
-  void Build(std::string_view title, const Date& printDate) {
-    AppendHeader(title, printDate);
-    AppendColumnHeading();
-    // The texts lie about in memory: each is fetched some rows before it is wanted.
-    constexpr int kRowsAhead = 16;
-    for (int row = 1; row < entries_.Rows(); ++row) {
-      ForEachText(row + 2 * kRowsAhead, [this](CellValue text) { entries_.PrefetchText(text); });
-      ForEachText(row + kRowsAhead,
-                  [this](CellValue text) { __builtin_prefetch(entries_.TextOf(text).data()); });
-      AppendEntry(row);
-    }
-    AppendRule(report_, '=');
+  void AppendHeader(std::string_view title, const Date& printDate) {
+    text_ = Rule('=');
+    Line(title);
+    Line(Rule('='));
+    Line(kPrintDateLabel, FormatDdMmmYyyy(printDate), kDeliveryDateLabel,
+         Cell(1, EntryColumn::kDeliveryDate, kHeaderValueWidth, true));
+    Line(kBrokerLabel, Cell(1, EntryColumn::kBrokerId, kHeaderValueWidth, true));
+    Line(kClearingLabel, PadText(Settings.clearingBoid, kHeaderValueWidth, true));
+    Line(Rule('-'));
+    AccountLine(PadText("A/C ID", kAccountIdWidth),
+                PadText("Name of Account Holder", kAccountNameWidth),
+                PadText("Client Code", kClientCodeWidth, true));
+    AccountLine(std::string(kAccountIdWidth, '-'), std::string(kAccountNameWidth, '-'),
+                std::string(kClientCodeWidth, '-'));
+    IsinLine("Sl.#", PadText("ISIN", kIsinWidth), PadText("Name of ISIN", kIsinNameWidth),
+             PadText("Quantity", kQuantityWidth, true),
+             PadText("Trade Date", kTradeDateWidth, true));
+    Line(Rule('-'));
   }
+
+  void AppendEntries() {
+    int serial = 0;  // of the ISIN within its account
+    for (int row = 1; row < entries_.Rows(); ++row) {
+      if (row == 1 || !IsSameAccount(row - 1, row)) {
+        if (row != 1) Line(Rule('-'));
+        AccountLine(Cell(row, EntryColumn::kBoId, kAccountIdWidth),
+                    Cell(row, EntryColumn::kBoName, kAccountNameWidth),
+                    Cell(row, EntryColumn::kClientCode, kClientCodeWidth, true));
+        serial = 0;
+      }
+      IsinLine(std::to_string(++serial), Cell(row, EntryColumn::kIsinCode, kIsinWidth),
+               Cell(row, EntryColumn::kIsinName, kIsinNameWidth),
+               Cell(row, EntryColumn::kQuantity, kQuantityWidth, true),
+               Cell(row, EntryColumn::kTradeDate, kTradeDateWidth, true));
+    }
+    Line(Rule('='));
+  }
+
+  void AppendSignatures() {
+    for (int emptyLine = 0; emptyLine < 3; ++emptyLine) Line();
+    const std::string signature(kSignatureWidth, '-');
+    Line(signature, Blanks(kReportWidth - 2 * kSignatureWidth), signature);
+    Line(kLeftSignature, Blanks(kReportWidth - kLeftSignature.size() - kRightSignature.size()),
+         kRightSignature);
+    Line("Of Broker/Dealer");
+  }
+
+  std::string Take() { return std::move(text_); }
 
  private:
-  void AppendHeader(std::string_view title, const Date& printDate) {
-    report_.AppendRepeated(kReportWidth, '=');
-    StartLine(report_);
-    report_.Append(title);
-    AppendRule(report_, '=');
-    StartLine(report_);
-    report_.Append(kPrintDateLabel);
-    report_.Append(FormatDdMmmYyyy(printDate));
-    report_.Append(kDeliveryDateLabel);
-    AppendCell(1, EntryColumn::kDeliveryDate, kHeaderValueWidth, true);
-    StartLine(report_);
-    report_.Append(kBrokerLabel);
-    AppendCell(1, EntryColumn::kBrokerId, kHeaderValueWidth, true);
-    StartLine(report_);
-    report_.Append(kClearingLabel);
-    AppendPadded(report_, Settings.clearingBoid, kHeaderValueWidth, true);
-    AppendRule(report_, '-');
+  template <class... Parts>
+  void Line(const Parts&... parts) {
+    text_ += kLineEnd;
+    ((text_ += parts), ...);
+  }
+  void AccountLine(const std::string& id, const std::string& name, const std::string& clientCode) {
+    Line(Blanks(kSerialWidth), kGap, id, kGap, name, kGap, clientCode);
+  }
+  void IsinLine(std::string_view serial, const std::string& isin, const std::string& name,
+                const std::string& quantity, const std::string& tradeDate) {
+    Line(PadText(serial, kSerialWidth), kGap, isin, kGap, name, kGap, quantity, kGap, tradeDate);
   }
 
-  void AppendColumnHeading() {
-    StartAccountLine(report_);
-    AppendPadded(report_, "A/C ID", kAccountIdWidth);
-    report_.Append(kGap);
-    AppendPadded(report_, "Name of Account Holder", kAccountNameWidth);
-    report_.Append(kGap);
-    AppendPadded(report_, "Client Code", kClientCodeWidth, true);
-    StartAccountLine(report_);
-    report_.AppendRepeated(kAccountIdWidth, '-');
-    report_.Append(kGap);
-    report_.AppendRepeated(kAccountNameWidth, '-');
-    report_.Append(kGap);
-    report_.AppendRepeated(kClientCodeWidth, '-');
-    StartLine(report_);
-    AppendPadded(report_, "Sl.#", kSerialWidth);
-    report_.Append(kGap);
-    AppendPadded(report_, "ISIN", kIsinWidth);
-    report_.Append(kGap);
-    AppendPadded(report_, "Name of ISIN", kIsinNameWidth);
-    report_.Append(kGap);
-    AppendPadded(report_, "Quantity", kQuantityWidth, true);
-    report_.Append(kGap);
-    AppendPadded(report_, "Trade Date", kTradeDateWidth, true);
-    AppendRule(report_, '-');
+  std::string Cell(int row, int col, int width, bool alignRight = false) const {
+    return PadText(entries_.Text(row, col), width, alignRight);
   }
-
-  void AppendEntry(int row) {
-    if (row == 1 || !IsSameAccount(row - 1, row)) {
-      if (row != 1) AppendRule(report_, '-');
-      AppendAccountLine(row);
-      serial_ = 1;
-    }
-    StartLine(report_);
-    AppendPadded(report_, entries_.View(NumberCell(serial_++), scratch_), kSerialWidth);
-    report_.Append(kGap);
-    AppendCell(row, EntryColumn::kIsinCode, kIsinWidth);
-    report_.Append(kGap);
-    AppendCell(row, EntryColumn::kIsinName, kIsinNameWidth);
-    report_.Append(kGap);
-    AppendCell(row, EntryColumn::kQuantity, kQuantityWidth, true);
-    report_.Append(kGap);
-    AppendCell(row, EntryColumn::kTradeDate, kTradeDateWidth, true);
-  }
-
-  void AppendAccountLine(int row) {
-    StartAccountLine(report_);
-    AppendCell(row, EntryColumn::kBoId, kAccountIdWidth);
-    report_.Append(kGap);
-    AppendCell(row, EntryColumn::kBoName, kAccountNameWidth);
-    report_.Append(kGap);
-    AppendCell(row, EntryColumn::kClientCode, kClientCodeWidth, true);
-  }
-
-  void AppendCell(int row, int col, int width, bool alignRight = false) {
-    const CellValue cell = entries_.Cell(row, col);
-    if (IsNumber(cell)) {
-      AppendPadded(report_, entries_.View(cell, scratch_), width, alignRight);
-    } else {
-      AppendStoredPadded(report_, entries_.TextOf(cell), width, alignRight);
-    }
-  }
-
-  // Visits the texts that differ from row to row, if there is the row.
-  template <class Visit>
-  void ForEachText(int row, Visit&& visit) const {
-    if (row >= entries_.Rows()) return;
-    const auto visitCell = [&](int col) {
-      const CellValue cell = entries_.Cell(row, col);
-      if (!IsNumber(cell)) visit(cell);
-    };
-    visitCell(EntryColumn::kIsinCode);
-    visitCell(EntryColumn::kIsinName);
-    if (IsSameAccount(row - 1, row)) return;
-    for (const int col : {EntryColumn::kBoId, EntryColumn::kBoName, EntryColumn::kClientCode}) {
-      visitCell(col);
-    }
-  }
-
-  bool IsSameAccount(int rowA, int rowB) const {
-    return entries_.Cell(rowA, EntryColumn::kBoId) == entries_.Cell(rowB, EntryColumn::kBoId) &&
-           entries_.Cell(rowA, EntryColumn::kClientCode) ==
-               entries_.Cell(rowB, EntryColumn::kClientCode);
+  bool IsSameAccount(int row, int other) const {
+    return entries_.Cell(row, EntryColumn::kBoId) == entries_.Cell(other, EntryColumn::kBoId) &&
+           entries_.Cell(row, EntryColumn::kClientCode) ==
+               entries_.Cell(other, EntryColumn::kClientCode);
   }
 
   const FlexGrid& entries_;
-  TextWriter& report_;
-  CellScratch scratch_{};
-  int serial_ = 1;  // of the ISIN within its account
+  std::string text_;
 };
 
-void AppendSignatures(TextWriter& report) {
-  for (int lineEnd = 0; lineEnd < 4; ++lineEnd) StartLine(report);
-  report.AppendRepeated(kSignatureWidth, '-');
-  report.AppendBlanks(kReportWidth - 2 * kSignatureWidth);
-  report.AppendRepeated(kSignatureWidth, '-');
-  StartLine(report);
-  report.Append(kLeftSignature);
-  report.AppendBlanks(kReportWidth - kLeftSignature.size() - kRightSignature.size());
-  report.Append(kRightSignature);
-  StartLine(report);
-  report.Append("Of Broker/Dealer");
-}
-
-void WritePayInReport(const FlexGrid& entries, const Date& printDate, const TextSink& sink) {
-  TextWriter report(sink);
-  ReportBuilder(entries, report).Build(kPayInTitle, printDate);
-  report.Finish();
-}
-
-void WritePayOutReport(const FlexGrid& entries, const Date& printDate, const TextSink& sink) {
-  TextWriter report(sink);
-  ReportBuilder(entries, report).Build(kPayOutTitle, printDate);
-  AppendSignatures(report);
-  report.Finish();
-}
-
-using ReportWriting = void (*)(const FlexGrid&, const Date&, const TextSink&);
-
-std::string TextOf(ReportWriting write, const FlexGrid& entries, const Date& printDate) {
-  std::string text;
-  write(entries, printDate, [&text](std::string_view piece) { text += piece; });
-  return text;
-}
-
-void Publish(const std::string& fileName, ReportWriting write, const FlexGrid& entries) {
+void Publish(const std::string& fileName, const std::string& text) {
   const std::string path = ThePlatform().ProgramFolder() + "\\" + fileName;
-  const Date today = DateOf(ThePlatform().Now());
-  WriteWholeFile(path, [&](const TextSink& sink) { write(entries, today, sink); });
+  WriteWholeFile(path, text);
   ThePlatform().StartProcess("notepad \"" + path + "\"", WindowMode::NormalFocus);
 }
 
 }  // namespace
 
 std::string PadText(std::string_view text, int width, bool alignRight) {
-  std::string padded;
-  const TextSink sink = [&padded](std::string_view piece) { padded += piece; };
-  TextWriter writer(sink);
-  AppendPadded(writer, text, width, alignRight);
-  writer.Finish();
+  const auto size = static_cast<std::size_t>(width);
+  std::string padded(text.substr(0, size));
+  padded.insert(alignRight ? 0 : padded.size(), size - padded.size(), ' ');
   return padded;
 }
 
 std::string PayInReportText(const FlexGrid& entries, const Date& printDate) {
-  return TextOf(WritePayInReport, entries, printDate);
+  Report report(entries);
+  report.AppendHeader(kPayInTitle, printDate);
+  report.AppendEntries();
+  return report.Take();
 }
 
 std::string PayOutReportText(const FlexGrid& entries, const Date& printDate) {
-  return TextOf(WritePayOutReport, entries, printDate);
+  Report report(entries);
+  report.AppendHeader(kPayOutTitle, printDate);
+  report.AppendEntries();
+  report.AppendSignatures();
+  return report.Take();
 }
 
 void BuildPayInReport(const FlexGrid& entries) {
-  RunTrapped([&] { Publish("PAY-IN INSTRUCTIONS", WritePayInReport, entries); });
+  RunTrapped([&] {
+    Publish("PAY-IN INSTRUCTIONS", PayInReportText(entries, DateOf(ThePlatform().Now())));
+  });
 }
 
 void BuildPayOutReport(const FlexGrid& entries) {
-  RunTrapped([&] { Publish("PAY-OUT INSTRUCTIONS", WritePayOutReport, entries); });
+  RunTrapped([&] {
+    Publish("PAY-OUT INSTRUCTIONS", PayOutReportText(entries, DateOf(ThePlatform().Now())));
+  });
 }
 
 }  // namespace tallyrun

@@ -2,7 +2,7 @@
 
 #include "core/entry/EntryRow.h"
 #include "core/entry/Settings.h"
-#include "core/files/modFileIO.h"
+#include "core/grid/TildeTable.h"
 
 namespace tallyrun {
 

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <optional>
 
-#include "core/grid/GridRows.h"
+#include "core/grid/ColumnWidths.h"
 #include "core/grid/TextMeasurer.h"
 #include "ui/BufferedPaint.h"
 #include "ui/Form.h"
@@ -200,24 +200,21 @@ void FlexGridControl::FillWidth() { ScrollToCol(grid_.LeftCol()); }
 
 // As wide as the caption and the rows in sight need; the whole column could be a million texts.
 void FlexGridControl::FitColumn(int col) {
-  CellScratch scratch;
-  int width = grid_.Measurer().WidthOf(grid_.View(0, col, scratch));
+  int width = grid_.Measurer().WidthOf(grid_.Text(0, col));
   const GridGeometry::Range rows = Geometry().VisibleRows();
   for (int row = rows.first; row <= rows.last; ++row) {
-    width = std::max(width, grid_.Measurer().WidthOf(grid_.View(row, col, scratch)));
+    width = std::max(width, grid_.Measurer().WidthOf(grid_.Text(row, col)));
   }
   grid_.SetColWidth(col, width + kCellMargin);
   FillWidth();
 }
 
-std::string_view FlexGridControl::CurrentText(CellScratch& scratch) const {
-  return grid_.View(grid_.Row(), grid_.Col(), scratch);
-}
+CellText FlexGridControl::CurrentText() const { return grid_.Text(grid_.Row(), grid_.Col()); }
 
 LRESULT FlexGridControl::CopyText(WPARAM size, char* buffer) const {
   if (size == 0) return 0;
-  CellScratch scratch;
-  const std::string_view text = CurrentText(scratch).substr(0, size - 1);
+  const CellText current = CurrentText();
+  const std::string_view text = std::string_view(current).substr(0, size - 1);
   buffer[text.copy(buffer, text.size())] = '\0';
   return static_cast<LRESULT>(text.size());
 }

@@ -16,7 +16,7 @@
 
 namespace tallyrun {
 
-class FlexGridControl : public Control, private FlexGridObserver {
+class FlexGridControl : public Control, private GridObserver {
  public:
   FlexGridControl() = default;
   ~FlexGridControl() override;
@@ -85,7 +85,7 @@ class FlexGridControl : public Control, private FlexGridObserver {
   void FitColumn(int col);
 
   LRESULT CopyText(WPARAM size, char* buffer) const;
-  std::string_view CurrentText(CellScratch& scratch) const;
+  CellText CurrentText() const;
 
   void FollowGrid();
   void ShowScrollRange(int bar, int last, int page, int position);

@@ -154,10 +154,8 @@ LRESULT FlexGridControl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_NOTIFY:
       return OnHeader(*reinterpret_cast<const NMHDR*>(lParam), lParam);
-    case WM_GETTEXTLENGTH: {
-      CellScratch scratch;
-      return static_cast<LRESULT>(CurrentText(scratch).size());
-    }
+    case WM_GETTEXTLENGTH:
+      return static_cast<LRESULT>(std::string_view(CurrentText()).size());
     case WM_GETTEXT:
       return CopyText(wParam, reinterpret_cast<char*>(lParam));
     case WM_SETTEXT:

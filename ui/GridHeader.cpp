@@ -68,7 +68,6 @@ void GridHeader::ApplyFont(HFONT font) {
 
 void GridHeader::Follow(const FlexGrid& grid, const GridGeometry& geometry, int width) {
   following_ = true;
-  CellScratch scratch;
   const auto cols = static_cast<std::size_t>(grid.Cols());
   while (items_.size() > cols) {
     items_.pop_back();
@@ -76,7 +75,7 @@ void GridHeader::Follow(const FlexGrid& grid, const GridGeometry& geometry, int 
   }
   for (std::size_t index = 0; index < cols; ++index) {
     const int col = static_cast<int>(index);
-    Item item{std::string(grid.View(0, col, scratch)), geometry.ColPixels(col)};
+    Item item{grid.Text(0, col), geometry.ColPixels(col)};
     if (index < items_.size() && items_[index] == item) continue;
     HDITEMA shown = {};
     shown.mask = HDI_TEXT | HDI_WIDTH | HDI_FORMAT;

@@ -85,14 +85,14 @@ void PaintGrid(HDC dc, const FlexGrid& grid, const GridGeometry& geometry, const
   const CellColours plain = ColoursFor(look, false);
   const CellColours selected = ColoursFor(look, true);
   const SelectScope font(dc, look.font);
-  CellScratch scratch;
   const GridRect area{dirty.left, dirty.top, dirty.right - dirty.left, dirty.bottom - dirty.top};
   geometry.ForEachCell(area, [&](int row, int col, const GridRect& bounds) {
     const CellColours& colours = block.Contains(row, col) ? selected : plain;
     SetTextColor(dc, colours.text);
     SetBkColor(dc, colours.back);
     const RECT cell = ToRect(bounds);
-    const std::string_view text = Drawable(grid.View(row, col, scratch), bounds.width);
+    const CellText cellText = grid.Text(row, col);
+    const std::string_view text = Drawable(cellText, bounds.width);
     ExtTextOutA(dc, bounds.left + look.textMargin,
                 bounds.top + (bounds.height - kLine - look.lineHeight) / 2,
                 ETO_OPAQUE | ETO_CLIPPED, &cell, text.data(), static_cast<UINT>(text.size()),

@@ -4,29 +4,22 @@
 #include "core/Platform.h"
 #include "core/entry/EntryRow.h"
 #include "core/masterlists/Lookups.h"
+#include "core/text/Characters.h"
 
 namespace tallyrun {
 namespace {
 
-constexpr int kNoRow = -1;
-
-// The first data row whose text in `col` satisfies `wanted`, or kNoRow. Neighbouring rows often
-// hold the same value, which is then looked at once.
+// The first data row whose text in `col` satisfies `wanted`.
 template <class Wanted>
-int FindRow(const FlexGrid& grid, int col, Wanted wanted) {
-  CellScratch scratch;
+std::optional<int> FindRow(const FlexGrid& grid, int col, Wanted wanted) {
   for (int row = 1; row < grid.Rows(); ++row) {
-    const CellValue cell = grid.Cell(row, col);
-    if (row > 1 && cell == grid.Cell(row - 1, col)) continue;
-    if (wanted(grid.View(cell, scratch))) return row;
+    if (wanted(grid.Text(row, col))) return row;
   }
-  return kNoRow;
+  return std::nullopt;
 }
 
-int FindBlankRow(const FlexGrid& grid, int col) {
-  return FindRow(grid, col, [](std::string_view text) {
-    return text.find_first_not_of(' ') == std::string_view::npos;
-  });
+std::optional<int> FindBlankRow(const FlexGrid& grid, int col) {
+  return FindRow(grid, col, [](std::string_view text) { return Trim(text).empty(); });
 }
 
 void ShowCell(FlexGrid& grid, int row, int col) {
@@ -45,56 +38,56 @@ void Refuse(const std::string& text, const std::string& title) {
 bool CheckColumnFilled(const FlexGrid& grid, int col) {
   bool filled = false;
   RunTrapped([&] {
-    const int row = FindBlankRow(grid, col);
-    filled = row == kNoRow;
+    const std::optional<int> row = FindBlankRow(grid, col);
+    filled = !row;
     if (filled) return;
     const std::string caption = grid.Text(0, col);
-    Refuse(caption + " is not given in row number " + std::to_string(row) + ".",
+    Refuse(caption + " is not given in row number " + std::to_string(*row) + ".",
            "Missing " + caption);
   });
   return filled;
 }
 
-int FindRowWithValue(const FlexGrid& grid, int col, std::string_view value) {
+std::optional<int> FindRowWithValue(const FlexGrid& grid, int col, std::string_view value) {
   return FindRow(grid, col, [value](std::string_view text) { return text == value; });
 }
 
-int FindRowNotStartingWith(const FlexGrid& grid, int col, std::string_view prefix) {
+std::optional<int> FindRowNotStartingWith(const FlexGrid& grid, int col, std::string_view prefix) {
   return FindRow(grid, col, [prefix](std::string_view text) { return !text.starts_with(prefix); });
 }
 
 bool HasMissingField(FlexGrid& grid) {
   for (int col = 1; col < grid.Cols(); ++col) {
     if (CheckColumnFilled(grid, col)) continue;
-    const int row = FindBlankRow(grid, col);
-    if (row != kNoRow) ShowCell(grid, row, col);  // none when the check itself failed
+    const std::optional<int> row = FindBlankRow(grid, col);
+    if (row) ShowCell(grid, *row, col);  // none when the check itself failed
     return true;
   }
   return false;
 }
 
 bool HasUnknownBoid(const FlexGrid& grid) {
-  const int row = FindRowWithValue(grid, EntryColumn::kBoName, kBoNameNotFound);
-  if (row == kNoRow) return false;
-  Refuse("BOID is not entered correctly in row number " + std::to_string(row) + ".",
+  const std::optional<int> row = FindRowWithValue(grid, EntryColumn::kBoName, kBoNameNotFound);
+  if (!row) return false;
+  Refuse("BOID is not entered correctly in row number " + std::to_string(*row) + ".",
          "Invalid BOID");
   return true;
 }
 
 bool HasUnknownIsin(const FlexGrid& grid) {
-  const int row = FindRowWithValue(grid, EntryColumn::kIsinName, kIsinNameNotFound);
-  if (row == kNoRow) return false;
-  Refuse("ISIN Code is not entered correctly in row number " + std::to_string(row) + ".",
+  const std::optional<int> row = FindRowWithValue(grid, EntryColumn::kIsinName, kIsinNameNotFound);
+  if (!row) return false;
+  Refuse("ISIN Code is not entered correctly in row number " + std::to_string(*row) + ".",
          "Invalid ISIN Code");
   return true;
 }
 
 bool HasWrongInternalRefPrefix(const FlexGrid& grid) {
   const std::string prefix = InternalRefPrefix();
-  const int row = FindRowNotStartingWith(grid, EntryColumn::kInternalRef, prefix);
-  if (row == kNoRow) return false;
+  const std::optional<int> row = FindRowNotStartingWith(grid, EntryColumn::kInternalRef, prefix);
+  if (!row) return false;
   Refuse("For " + EntryMode.name + " entries Internal Ref. No. must start with \"" + prefix +
-             "\" .\r\nCheck row number " + std::to_string(row) + ".",
+             "\" .\r\nCheck row number " + std::to_string(*row) + ".",
          "Invalid Internal Ref. No.");
   return true;
 }

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "core/entry/EntryRow.h"
-#include "core/grid/ColumnFitter.h"
+#include "core/grid/ColumnWidths.h"
 #include "core/grid/GridRows.h"
 #include "core/grid/SortGrid.h"
 
@@ -18,8 +18,7 @@ void SortEntries(FlexGrid& grid) {
   };
   SortGrid(grid, kKeys);
   RenumberRows(grid, 1);
-  ColumnFitter fitter(grid);
-  for (int row = 1; row < grid.Rows(); ++row) fitter.Fit(EntryColumn::kSerial, NumberCell(row));
+  FitColumn(grid, EntryColumn::kSerial);
 }
 
 }  // namespace tallyrun

@@ -92,16 +92,12 @@ std::string ReadWholeFile(const std::string& path) {
 }
 
 void WriteWholeFile(const std::string& path, std::string_view text) {
-  WriteWholeFile(path, [text](const TextSink& sink) { sink(text); });
-}
-
-void WriteWholeFile(const std::string& path, const std::function<void(const TextSink&)>& write) {
   const auto target = FactsIfAny(path);
   if (target && (target->isReadOnly || target->isFolder)) {
     throw RuntimeError(ErrorKind::PermissionDenied);
   }
   TemporaryFile temporary(path);
-  write([&temporary](std::string_view piece) { temporary.Write(piece); });
+  temporary.Write(text);
   temporary.Flush();
   temporary.TakeThePlaceOfTarget();
 }

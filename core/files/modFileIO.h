@@ -5,13 +5,11 @@
 
 #include <cstdint>
 #include <exception>
-#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
 
 #include "core/text/Split.h"
-#include "core/text/TextWriter.h"
 
 namespace tallyrun {
 
@@ -23,9 +21,6 @@ std::string ReadWholeFile(const std::string& path);
 // Creates or replaces the file with `text` in one step: when anything fails, the file is as it
 // was and nothing is left beside it. A read-only file raises PermissionDenied.
 void WriteWholeFile(const std::string& path, std::string_view text);
-
-// The same with a text that `write` hands to the sink piece by piece.
-void WriteWholeFile(const std::string& path, const std::function<void(const TextSink&)>& write);
 
 // Reads `source` whole and writes it over `target`. Runs under a trap of its own: an error is
 // shown, and the result is then false.
@@ -46,9 +41,8 @@ void DeleteMatching(const std::string& pattern);
 // names folded to one case; one empty name when nothing matches.
 std::vector<std::string> ListFiles(const std::string& pattern);
 
-// The grid as tilde table text: a line per row, captions first, cells joined by "~", lines by
-// CR LF, a lone CR at the end.
-std::string GridToText(const FlexGrid& grid);
+// Writes the grid as tilde table text: a line per row, captions first, cells joined by "~", lines
+// by CR LF, a lone CR at the end.
 void SaveGridToFile(const FlexGrid& grid, const std::string& path);
 
 // Fills the grid from tilde table text: one row per line, the first line being the captions;

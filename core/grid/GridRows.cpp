@@ -4,6 +4,7 @@
 #include <string>
 
 #include "core/Platform.h"
+#include "core/text/Characters.h"
 
 namespace tallyrun {
 namespace {
@@ -14,15 +15,9 @@ void BlankRow(FlexGrid& grid, int row) {
 
 }  // namespace
 
-void FitColumnWidth(FlexGrid& grid, int row, int col, int margin) {
-  CellScratch scratch;
-  const int needed = grid.Measurer().WidthOf(grid.View(row, col, scratch)) + margin;
-  if (grid.ColWidth(col) < needed) grid.SetColWidth(col, needed);
-}
-
 bool IsRowBlank(const FlexGrid& grid, int row) {
   for (int col = 1; col < grid.Cols(); ++col) {
-    if (!grid.IsBlank(grid.Cell(row, col))) return false;
+    if (!Trim(grid.Text(row, col)).empty()) return false;
   }
   return true;
 }
@@ -67,9 +62,8 @@ void ClearEntryGrid(FlexGrid& grid) {
 }
 
 void RenumberRows(FlexGrid& grid, int first) {
-  const auto serials = grid.ColumnCells(0);
   for (int row = first; row < grid.Rows(); ++row) {
-    serials[static_cast<std::size_t>(row)] = NumberCell(row);
+    grid.SetCell(row, 0, NumberCell(static_cast<std::uint32_t>(row)));
   }
 }
 

@@ -6,12 +6,6 @@
 
 namespace tallyrun {
 
-// Added to a text's width wherever a column is fitted to it, in twips.
-inline constexpr int kCellMargin = 200;
-
-// Widens the column to the cell's text plus `margin` twips; never narrows it.
-void FitColumnWidth(FlexGrid& grid, int row, int col, int margin = kCellMargin);
-
 // True when there is no data row, or one whose cells from column 1 on are all blank.
 bool IsGridEmpty(const FlexGrid& grid);
 // True when every cell of the row from column 1 on is blank.

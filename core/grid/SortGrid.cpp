@@ -1,104 +1,39 @@
 #include "core/grid/SortGrid.h"
 
 #include <algorithm>
-#include <bit>
-#include <span>
+#include <cstdint>
+#include <numeric>
 #include <string_view>
 #include <utility>
 
-#include "core/TwoThreads.h"
-#include "core/grid/ColumnRanks.h"
-#include "core/grid/RadixSort.h"
+#include "core/grid/PerValue.h"
+#include "core/text/Conversion.h"
 
 namespace tallyrun {
 namespace {
 
-// The places of texts that the last sort worked out. A sheet is sorted again by every step of the
-// day and mostly is in order already; that is seen without comparing a text.
-struct KnownPlaces {
-  std::uint64_t texts = 0;  // the edition of the grid's texts that they are the places of
-  std::vector<SortKey> keys;
-  std::vector<std::vector<std::uint32_t>> ofTexts;  // by key and the text's number
+double SortingNumber(std::string_view text) { return IsNumeric(text) ? ToDouble(text) : 0; }
 
-  bool AreOf(const FlexGrid& grid, const std::vector<SortKey>& sortKeys) const {
-    return texts == grid.TextEdition() && keys == sortKeys;
-  }
-};
-
-KnownPlaces knownPlaces;
-
-// Below 0 when the left one is less, above 0 when the right one is.
-template <class Value>
-int OrderOf(Value left, Value right) {
-  if (left < right) return -1;
-  return left > right ? 1 : 0;
-}
-
-// One key's column, compared row with row.
-class KeyColumn {
- public:
-  KeyColumn(const FlexGrid& grid, const SortKey& key, std::span<const std::uint32_t> places)
-      : grid_(grid), key_(key), cells_(grid.ColumnCells(key.col)), places_(places) {}
-
-  // Below 0 when the row before this one comes first in the key's order, 0 when neither does.
-  int CompareWithRowBefore(std::size_t row) const {
-    const CellValue left = cells_[row - 1];
-    const CellValue right = cells_[row];
-    if (left == right) return 0;
-    const std::uint32_t leftPlace = PlaceOf(left);
-    const std::uint32_t rightPlace = PlaceOf(right);
-    if (leftPlace != ColumnRanks::kNone && rightPlace != ColumnRanks::kNone) {
-      return OrderOf(leftPlace, rightPlace);
-    }
-    const int order = Compare(left, right);
-    return key_.descending ? -order : order;
-  }
-
-  // Fetches what a comparison with this row will look at.
-  void Prefetch(std::size_t row) const {
-    const auto text = static_cast<std::size_t>(cells_[row]);
-    if (text < places_.size()) __builtin_prefetch(&places_[text]);
-  }
-
- private:
-  std::uint32_t PlaceOf(CellValue value) const {
-    const auto text = static_cast<std::size_t>(value);  // a number's is past all texts
-    return text < places_.size() ? places_[text] : ColumnRanks::kNone;
-  }
-
-  int Compare(CellValue left, CellValue right) const {
-    if (key_.numeric && IsNumber(left) && IsNumber(right)) return left < right ? -1 : 1;
-    CellScratch leftScratch;
-    CellScratch rightScratch;
-    const std::string_view leftText = grid_.View(left, leftScratch);
-    const std::string_view rightText = grid_.View(right, rightScratch);
-    if (!key_.numeric) return leftText.compare(rightText);
+// Below 0 when `left` comes first in the key's order, 0 when neither does.
+int Compare(const FlexGrid& grid, const SortKey& key, CellValue left, CellValue right) {
+  if (left == right) return 0;
+  const CellText leftText = grid.Text(left);
+  const CellText rightText = grid.Text(right);
+  int order = 0;
+  if (key.numeric) {
     const double leftNumber = SortingNumber(leftText);
     const double rightNumber = SortingNumber(rightText);
-    return OrderOf(leftNumber, rightNumber);
+    order = leftNumber < rightNumber ? -1 : leftNumber > rightNumber ? 1 : 0;
+  } else {
+    order = std::string_view(leftText).compare(rightText);
   }
-
-  const FlexGrid& grid_;
-  const SortKey& key_;
-  std::span<const CellValue> cells_;
-  std::span<const std::uint32_t> places_;
-};
+  return key.descending ? -order : order;
+}
 
 bool IsSorted(const FlexGrid& grid, const std::vector<SortKey>& keys) {
-  const bool isKnown = knownPlaces.AreOf(grid, keys);
-  if (keys.empty()) return true;
-  std::vector<KeyColumn> columns;
-  for (std::size_t key = 0; key < keys.size(); ++key) {
-    columns.emplace_back(grid, keys[key],
-                         isKnown ? std::span<const std::uint32_t>(knownPlaces.ofTexts[key])
-                                 : std::span<const std::uint32_t>());
-  }
-  const auto rows = static_cast<std::size_t>(grid.Rows());
-  constexpr std::size_t kAhead = 64;
-  for (std::size_t row = 2; row < rows; ++row) {
-    if (isKnown && row + kAhead < rows) columns.front().Prefetch(row + kAhead);
-    for (const KeyColumn& column : columns) {
-      const int order = column.CompareWithRowBefore(row);
+  for (int row = 2; row < grid.Rows(); ++row) {
+    for (const SortKey& key : keys) {
+      const int order = Compare(grid, key, grid.Cell(row - 1, key.col), grid.Cell(row, key.col));
       if (order > 0) return false;
       if (order < 0) break;
     }
@@ -106,111 +41,99 @@ bool IsSorted(const FlexGrid& grid, const std::vector<SortKey>& keys) {
   return true;
 }
 
-// The order of rows by all keys. A row's places in some keys stand in one word with its number, as
-// many keys as there is room for: the last ones are sorted by first, the others after them, stably.
-class RowOrder {
- public:
-  RowOrder(const FlexGrid& grid, const std::vector<SortKey>& keys)
-      : itemBits_(std::bit_width(static_cast<unsigned>(grid.Rows()))) {
-    columns_.resize(keys.size());
-    words_.resize(static_cast<std::size_t>(grid.Rows()) - 1);
-    ForEachPiece(keys.size(), words_.size(), [&](std::size_t key) {
-      columns_[key] = {grid.ColumnCells(keys[key].col), ColumnRanks(grid, keys[key])};
-    });
-    KeepWhatOrders();
-  }
-
-  std::vector<std::uint32_t> Sorted() {
-    const std::size_t pieces = (words_.size() + kWordsOfPiece - 1) / kWordsOfPiece;
-    bool isFirst = true;
-    for (std::size_t end = kept_.size(); end > 0; isFirst = false) {
-      const std::size_t begin = FirstKeyBefore(end);
-      ForEachPiece(pieces, words_.size(), [&](std::size_t piece) {
-        const std::size_t first = piece * kWordsOfPiece;
-        const std::size_t last = std::min(words_.size(), first + kWordsOfPiece);
-        for (std::size_t at = first; at < last; ++at) {
-          words_[at] = WordOf(isFirst ? at + 1 : RowOf(words_[at]), begin, end);
-        }
-      });
-      RadixSort(words_, itemBits_);
-      end = begin;
-    }
-    std::vector<std::uint32_t> order;
-    order.reserve(words_.size());
-    for (const std::uint64_t word : words_)
-      order.push_back(static_cast<std::uint32_t>(RowOf(word)));
-    return order;
-  }
-
-  std::vector<std::vector<std::uint32_t>> TakePlacesOfTexts() && {
-    std::vector<std::vector<std::uint32_t>> places;
-    for (Column& column : columns_) places.push_back(std::move(column.ranks).TakeTexts());
-    return places;
-  }
-
- private:
-  struct Column {
-    std::span<const CellValue> cells;
-    ColumnRanks ranks;
-  };
-
-  // A key that follows from the one before it orders nothing more: an account's client code.
-  void KeepWhatOrders() {
-    for (std::size_t key = 0; key < columns_.size(); ++key) {
-      if (kept_.empty() || !Follows(columns_[key], columns_[kept_.back()])) kept_.push_back(key);
-    }
-  }
-
-  static bool Follows(const Column& column, const Column& from) {
-    if (from.ranks.Bits() > kMostBitsToFollow) return false;
-    std::vector<CellValue> values(std::size_t{1} << from.ranks.Bits(), kNoValue);
-    for (std::size_t row = 1; row < column.cells.size(); ++row) {
-      CellValue& value = values[from.ranks.Of(from.cells[row])];
-      if (value == kNoValue) value = column.cells[row];
-      if (value != column.cells[row]) return false;
-    }
-    return true;
-  }
-
-  // The first of the keys before `end` whose places fit into one word together.
-  std::size_t FirstKeyBefore(std::size_t end) const {
-    int bits = itemBits_;
-    while (end > 0 && bits + columns_[kept_[end - 1]].ranks.Bits() <= 64) {
-      bits += columns_[kept_[--end]].ranks.Bits();
-    }
-    return end;
-  }
-
-  // The first key's place is the major part.
-  std::uint64_t WordOf(std::size_t row, std::size_t begin, std::size_t end) const {
-    std::uint64_t word = 0;
-    for (std::size_t key = begin; key < end; ++key) {
-      const Column& column = columns_[kept_[key]];
-      word = word << column.ranks.Bits() | column.ranks.Of(column.cells[row]);
-    }
-    return word << itemBits_ | row;
-  }
-  std::size_t RowOf(std::uint64_t word) const {
-    return static_cast<std::size_t>(word & ((std::uint64_t{1} << itemBits_) - 1));
-  }
-
-  static constexpr CellValue kNoValue = CellValue{0x7FFFFFFF};  // no text has this number
-  static constexpr int kMostBitsToFollow = 22;
-  static constexpr std::size_t kWordsOfPiece = 4096;
-
-  const int itemBits_;
-  std::vector<Column> columns_;    // by key
-  std::vector<std::size_t> kept_;  // the keys that order
-  std::vector<std::uint64_t> words_;
+// A distinct value of a key's column with a number that orders as its beginning does.
+struct Keyed {
+  std::uint64_t order;
+  CellValue value;
 };
+
+// How many characters the values have in common at their beginning: codes of one kind mostly begin
+// alike, which orders nothing.
+std::size_t CommonBeginning(const FlexGrid& grid, const std::vector<CellValue>& values) {
+  const CellText first = grid.Text(values.front());
+  std::string_view common = first;
+  for (const CellValue value : values) {
+    const CellText text = grid.Text(value);
+    const std::string_view view = text;
+    common = common.substr(0, view.size());
+    while (!view.starts_with(common)) common.remove_suffix(1);
+  }
+  return common.size();
+}
+
+// Eight characters from `begin` on as a number; a shorter text comes first.
+std::uint64_t OrderOf(std::string_view text, std::size_t begin) {
+  std::uint64_t order = 0;
+  for (std::size_t at = begin; at < begin + sizeof order; ++at) {
+    order = order << 8 | (at < text.size() ? static_cast<unsigned char>(text[at]) : 0u);
+  }
+  return order;
+}
+
+// Puts the distinct values in the key's order. Texts are compared by eight of their characters at
+// once, and looked at again only where those are alike.
+void SortValues(const FlexGrid& grid, const SortKey& key, std::vector<CellValue>& values) {
+  const std::size_t common = key.numeric || values.empty() ? 0 : CommonBeginning(grid, values);
+  std::vector<Keyed> keyed;
+  keyed.reserve(values.size());
+  for (const CellValue value : values) {
+    const std::uint64_t order = key.numeric ? 0 : OrderOf(grid.Text(value), common);
+    keyed.push_back({key.descending ? ~order : order, value});
+  }
+  std::sort(keyed.begin(), keyed.end(), [&](const Keyed& left, const Keyed& right) {
+    if (left.order != right.order) return left.order < right.order;
+    return Compare(grid, key, left.value, right.value) < 0;
+  });
+  for (std::size_t at = 0; at < keyed.size(); ++at) values[at] = keyed[at].value;
+}
+
+// The rank of every row in a key's order, from 0 on; equal for what compares as equal.
+struct Ranks {
+  std::vector<std::uint32_t> ofRows;  // by data row, from 0 on
+  std::size_t count = 0;              // distinct ranks
+};
+
+Ranks RanksOf(const FlexGrid& grid, const SortKey& key) {
+  const std::vector<CellValue>& cells = grid.Column(key.col);
+  PerValue<std::uint32_t> known;
+  std::vector<CellValue> values;
+  for (auto cell = cells.begin() + 1; cell != cells.end(); ++cell) {
+    if (std::exchange(known[*cell], 1) == 0) values.push_back(*cell);
+  }
+  SortValues(grid, key, values);
+  Ranks ranks;
+  for (std::size_t at = 0; at < values.size(); ++at) {
+    if (at > 0 && Compare(grid, key, values[at - 1], values[at]) != 0) ++ranks.count;
+    known[values[at]] = static_cast<std::uint32_t>(ranks.count);
+  }
+  ++ranks.count;
+  ranks.ofRows.reserve(cells.size());
+  for (auto cell = cells.begin() + 1; cell != cells.end(); ++cell) {
+    ranks.ofRows.push_back(known[*cell]);
+  }
+  return ranks;
+}
+
+// Puts `order` (data rows from 0 on) in the order of the ranks; stable.
+void SortByRank(std::vector<std::uint32_t>& order, const Ranks& ranks) {
+  std::vector<std::uint32_t> begins(ranks.count + 1);
+  for (const std::uint32_t rank : ranks.ofRows) ++begins[rank + 1];
+  std::partial_sum(begins.begin(), begins.end(), begins.begin());
+  std::vector<std::uint32_t> sorted(order.size());
+  for (const std::uint32_t row : order) sorted[begins[ranks.ofRows[row]]++] = row;
+  order.swap(sorted);
+}
 
 }  // namespace
 
 void SortGrid(FlexGrid& grid, const std::vector<SortKey>& keys) {
+  // Every step of the day sorts; only the first finds the rows in another order.
   if (IsSorted(grid, keys)) return;
-  RowOrder order(grid, keys);
-  grid.ReorderRows(order.Sorted());
-  knownPlaces = {grid.TextEdition(), keys, std::move(order).TakePlacesOfTexts()};
+  std::vector<std::uint32_t> order(static_cast<std::size_t>(grid.Rows()) - 1);
+  std::iota(order.begin(), order.end(), 0u);
+  for (auto key = keys.rbegin(); key != keys.rend(); ++key) SortByRank(order, RanksOf(grid, *key));
+  for (std::uint32_t& row : order) ++row;
+  grid.ReorderRows(order);
 }
 
 }  // namespace tallyrun

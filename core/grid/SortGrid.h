@@ -11,8 +11,6 @@ struct SortKey {
   int col = 0;
   bool descending = false;
   bool numeric = false;  // compare as numbers; a text that is none counts as 0
-
-  bool operator==(const SortKey&) const = default;
 };
 
 // Stable; the first key is the major one. Whole rows move, serial numbers included.

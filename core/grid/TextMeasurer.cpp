@@ -28,9 +28,7 @@ int PixelsToTwips(int pixels, int pixelsPerInch) {
 }
 
 TextMeasurer::TextMeasurer(const std::array<int, 256>& advances, int pixelsPerInch)
-    : advances_(advances),
-      widest_(*std::max_element(advances.begin(), advances.end())),
-      pixelsPerInch_(pixelsPerInch) {}
+    : advances_(advances), pixelsPerInch_(pixelsPerInch) {}
 
 TextMeasurer TextMeasurer::FixedWidth(int twips) {
   std::array<int, 256> advances;
@@ -42,10 +40,6 @@ int TextMeasurer::WidthOf(std::string_view text) const {
   std::int64_t pixels = 0;
   for (const char character : text) pixels += advances_[static_cast<unsigned char>(character)];
   return Scale(pixels, kTwipsPerInch, pixelsPerInch_);
-}
-
-int TextMeasurer::MostWidthOf(std::size_t characters) const {
-  return Scale(static_cast<std::int64_t>(characters) * widest_, kTwipsPerInch, pixelsPerInch_);
 }
 
 char TextMeasurer::WidestDigit() const {

@@ -20,12 +20,9 @@ class TextMeasurer {
 
   int WidthOf(std::string_view text) const;
   char WidestDigit() const;
-  // How wide so many characters can be at most.
-  int MostWidthOf(std::size_t characters) const;
 
  private:
   std::array<int, 256> advances_;
-  int widest_;
   int pixelsPerInch_;
 };
 

@@ -16,16 +16,6 @@ std::string LookupBoIdByClientCode(std::string_view clientCode);
 // Exact; kBoNameNotFound when nothing matches.
 std::string LookupBoName(std::string_view boId);
 
-// LookupBoIdByClientCode and what LookupBoName says of its answer, without copies: views into
-// BoList, good until it is loaded anew.
-struct AccountViews {
-  std::string_view boId;
-  std::string_view boName;
-};
-AccountViews AccountOfClientCode(std::string_view clientCode);
-// The same for the record of BoList that such a client code leads to.
-AccountViews AccountAt(int record);
-
 // The first ISIN code whose scrip ID contains the text in any letter case; "" when none does.
 // An empty text is contained in the first one.
 std::string LookupIsinCodeByScrip(std::string_view scripId);

@@ -14,18 +14,8 @@ namespace {
 
 enum class Reading { Number, NoNumber, TooLarge };
 
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
-
 std::string_view WithoutLeadingBlanks(std::string_view text) {
-  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
-  return text;
-}
-
-// A file's last cell may carry carriage returns; at the end they count as blanks.
-std::string_view WithoutBlanksAround(std::string_view text) {
-  text = WithoutLeadingBlanks(text);
-  while (!text.empty() && (IsBlank(text.back()) || text.back() == '\r')) text.remove_suffix(1);
+  while (!text.empty() && IsBlankOrTab(text.front())) text.remove_prefix(1);
   return text;
 }
 

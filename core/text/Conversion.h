@@ -8,15 +8,9 @@
 #include <string_view>
 
 #include "core/Platform.h"
+#include "core/text/Characters.h"
 
 namespace tallyrun {
-
-// Without the blanks (0x20) at both ends; no other white space is touched.
-inline std::string_view Trim(std::string_view text) {
-  while (!text.empty() && text.front() == ' ') text.remove_prefix(1);
-  while (!text.empty() && text.back() == ' ') text.remove_suffix(1);
-  return text;
-}
 
 // Every byte folded to lower case as the system code page does.
 std::string ToLower(std::string_view text);
@@ -48,6 +42,9 @@ std::optional<Date> ReadDate(std::string_view text, int currentYear);
 // The same with today's year, raising TypeMismatch when the text is no date.
 Date ToDate(std::string_view text);
 bool IsDate(std::string_view text);
+
+// "Jan" for 1.
+std::string_view ShortMonthName(int month);
 
 std::string FormatDdMmmYyyy(const Date& date);        // 05-Jan-2010
 std::string FormatDdMmmYy(const Date& date);          // 05-Jan-10

@@ -2,6 +2,7 @@
 #include <algorithm>
 #include <array>
 #include <charconv>
+#include <chrono>
 #include <optional>
 
 #include "core/RuntimeError.h"
@@ -12,14 +13,9 @@ namespace tallyrun {
 namespace {
 
 constexpr std::array<std::string_view, 12> kMonthNames = {
-    "january", "february", "march",     "april",   "may",      "june",
-    "july",    "august",   "september", "october", "november", "december"};
-constexpr std::array<std::string_view, 12> kShortMonths = {
-    "Jan", "Feb", "Mar", "Apr", "May", "Jun", "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
-
-bool IsDigit(char c) { return c >= '0' && c <= '9'; }
-bool IsLetter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-bool IsBlank(char c) { return c == ' ' || c == '\t'; }
+    "January", "February", "March",     "April",   "May",      "June",
+    "July",    "August",   "September", "October", "November", "December"};
+constexpr std::size_t kShortName = 3;  // characters
 
 // One part of a date text: a number, or the month that a name says.
 struct Part {
@@ -39,7 +35,8 @@ struct Parts {
 std::optional<Part> ReadMonthName(std::string_view word) {
   const std::string lower = ToLower(word);
   for (std::size_t month = 0; month < kMonthNames.size(); ++month) {
-    if (lower == kMonthNames[month] || lower == kMonthNames[month].substr(0, 3)) {
+    const std::string name = ToLower(kMonthNames[month]);
+    if (lower == name || lower == name.substr(0, kShortName)) {
       return Part{static_cast<int>(month) + 1, 0};
     }
   }
@@ -68,7 +65,7 @@ std::optional<Part> ReadPart(std::string_view& text) {
 bool TakeSeparator(std::string_view& text) {
   const std::size_t before = text.size();
   const auto takeBlanks = [&text] {
-    while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
+    while (!text.empty() && IsBlankOrTab(text.front())) text.remove_prefix(1);
   };
   takeBlanks();
   if (!text.empty() && (text.front() == '-' || text.front() == '/' || text.front() == ',')) {
@@ -79,8 +76,7 @@ bool TakeSeparator(std::string_view& text) {
 }
 
 std::optional<Parts> ReadParts(std::string_view text) {
-  while (!text.empty() && IsBlank(text.front())) text.remove_prefix(1);
-  while (!text.empty() && (IsBlank(text.back()) || text.back() == '\r')) text.remove_suffix(1);
+  text = WithoutBlanksAround(text);
   Parts parts;
   while (parts.count < parts.list.size()) {
     const auto part = ReadPart(text);
@@ -92,13 +88,6 @@ std::optional<Parts> ReadParts(std::string_view text) {
   return std::nullopt;
 }
 
-bool IsLeap(int year) { return (year % 4 == 0 && year % 100 != 0) || year % 400 == 0; }
-
-int DaysIn(int month, int year) {
-  if (month == 2) return IsLeap(year) ? 29 : 28;
-  return month == 4 || month == 6 || month == 9 || month == 11 ? 30 : 31;
-}
-
 std::optional<int> YearOf(const Part& part) {
   if (part.IsName()) return std::nullopt;
   if (part.digits <= 2) return part.value + (part.value < 30 ? 2000 : 1900);
@@ -107,9 +96,10 @@ std::optional<int> YearOf(const Part& part) {
 
 std::optional<Date> DateFrom(int year, const Part& month, const Part& day) {
   if (day.IsName() || day.digits > 2 || month.digits > 2) return std::nullopt;
-  if (month.value < 1 || month.value > 12) return std::nullopt;
-  if (day.value < 1 || day.value > DaysIn(month.value, year)) return std::nullopt;
-  return Date{year, month.value, day.value};
+  const std::chrono::year_month_day date{std::chrono::year(year),
+                                         std::chrono::month(static_cast<unsigned>(month.value)),
+                                         std::chrono::day(static_cast<unsigned>(day.value))};
+  return date.ok() ? std::optional(Date{year, month.value, day.value}) : std::nullopt;
 }
 
 // The two parts beside the year, in the order that is tried first; the other way round is taken
@@ -156,7 +146,7 @@ std::string DayAndMonthName(const Date& date) {
   std::string out;
   AppendNumber(out, date.day, 2);
   out += '-';
-  out += kShortMonths.at(static_cast<std::size_t>(date.month - 1));
+  out += ShortMonthName(date.month);
   out += '-';
   return out;
 }
@@ -172,6 +162,10 @@ std::string AmPmOf(int hour) {
 }
 
 }  // namespace
+
+std::string_view ShortMonthName(int month) {
+  return kMonthNames.at(static_cast<std::size_t>(month - 1)).substr(0, kShortName);
+}
 
 Date DateOf(const ClockTime& time) { return {time.year, time.month, time.day}; }
 

@@ -4,15 +4,15 @@ namespace tallyrun {
 
 std::vector<std::string_view> Split(std::string_view text, std::string_view separator) {
   std::vector<std::string_view> pieces;
-  if (text.empty()) return pieces;
   pieces.reserve(16);  // a line of any of our files has no more
-  for (std::size_t end = text.find(separator); end != std::string_view::npos;
-       end = text.find(separator)) {
-    pieces.push_back(text.substr(0, end));
-    text.remove_prefix(end + separator.size());
-  }
-  pieces.push_back(text);
+  for (const std::string_view piece : Pieces(text, separator)) pieces.push_back(piece);
   return pieces;
+}
+
+std::size_t CountPieces(std::string_view text, std::string_view separator) {
+  std::size_t count = 0;
+  for ([[maybe_unused]] const std::string_view piece : Pieces(text, separator)) ++count;
+  return count;
 }
 
 }  // namespace tallyrun

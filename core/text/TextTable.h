@@ -1,79 +1,51 @@
-// Which number belongs to a text: the hash table of the cells' pool and of the lists' indexes.
-// Texts are kept by their owner.
+// Distinct texts, each stored once and known by a number: the grid's cell texts and the indexes of
+// the master lists. Texts are never taken out.
 //
-// What tells a text from others stands in the slot itself: its length and either all its bytes,
-// when it is as short as most codes are, or its hash. So a short text is found with one look at
-// memory, and a slot taken by another text is passed without looking at that text.
+// An open hash table of the texts' numbers. Beside a number stands what tells its text from others:
+// the length and either all bytes, when the text is as short as most codes are, or a hash of them.
+// So a short text is found with one look at memory.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
+#include <memory>
+#include <memory_resource>
+#include <optional>
 #include <string_view>
 #include <vector>
 
-#include "core/text/ShortText.h"
-
 namespace tallyrun {
-
-// A text with what a table looks for, worked out once for several tables or looks.
-struct TextKey {
-  explicit TextKey(std::string_view of)
-      : text(of),
-        word(of.size() <= kWordBytes ? WordOf(of) : HashText(of)),
-        hash(of.size() <= kWordBytes ? HashWord(word, of.size()) : word) {}
-  // Empty; what an array is made of before it is filled.
-  TextKey() : TextKey(std::string_view()) {}
-
-  std::string_view text;
-  std::uint64_t word;  // all bytes of a short text, else the hash
-  std::uint64_t hash;
-};
 
 class TextTable {
  public:
-  static constexpr std::uint32_t kNone = 0;
+  TextTable();
 
-  TextTable() : slots_(kFirstSlots) {}
-
-  // The number of the text, or kNone. `textOf(number)` gives the text that a number was added for.
-  template <class TextOf>
-  std::uint32_t Find(const TextKey& wanted, TextOf textOf) const {
-    const std::size_t mask = slots_.size() - 1;
-    for (std::size_t at = wanted.hash & mask; slots_[at].number != kNone; at = (at + 1) & mask) {
-      const Slot& slot = slots_[at];
-      if (slot.word != wanted.word || slot.length != wanted.text.size()) continue;
-      if (slot.length <= kWordBytes || SameText(textOf(slot.number), wanted.text)) {
-        return slot.number;
-      }
-    }
-    return kNone;
-  }
-
-  // Makes room for one text more. Add raises nothing when it comes before.
-  void PrepareToAdd();
-  // Adds a text that is not in the table, with a number that is not kNone.
-  void Add(const TextKey& key, std::uint32_t number);
-  void Reserve(std::size_t texts);
-
-  // Fetches what Find will look at, for a text that is looked for a little later.
-  void Prefetch(const TextKey& key) const {
-    __builtin_prefetch(&slots_[key.hash & (slots_.size() - 1)]);
-  }
+  // The text's number, counted from 0 in the order in which the texts came; a new one is stored.
+  // Raises what a failed allocation raises, and the table is then as it was.
+  std::uint32_t Intern(std::string_view text);
+  // The number of a text that is stored.
+  std::optional<std::uint32_t> Find(std::string_view text) const;
+  // Good for as long as the table lives.
+  std::string_view Text(std::uint32_t number) const { return texts_[number]; }
+  std::size_t Size() const { return texts_.size(); }
 
  private:
-  static constexpr std::size_t kFirstSlots = 64;  // a power of two, as every size is
-
   struct Slot {
-    std::uint64_t word = 0;
-    std::uint32_t length = 0;
-    std::uint32_t number = kNone;  // kNone marks a free slot
+    std::uint64_t word = 0;             // all bytes of a short text, or a hash of them
+    std::uint32_t length = 0;           // bytes of the text
+    std::uint32_t number = UINT32_MAX;  // which marks a free slot
+    bool IsFree() const { return number == UINT32_MAX; }
   };
 
-  static void Put(const Slot& slot, std::uint64_t hash, std::vector<Slot>& slots);
-  void Rehash(std::size_t slots);
+  // The text's slot, but for its number.
+  static Slot SlotFor(std::string_view text);
+  // Where that slot is, or the free one where it belongs.
+  std::size_t Find(const Slot& slot, std::string_view text) const;
+  void Grow();
 
-  std::vector<Slot> slots_;
-  std::size_t used_ = 0;
+  std::unique_ptr<std::pmr::monotonic_buffer_resource> bytes_;  // of all texts
+  std::vector<std::string_view> texts_;                         // by number
+  std::vector<Slot> slots_;  // a power of two, at most three in four of them taken
 };
 
 }  // namespace tallyrun

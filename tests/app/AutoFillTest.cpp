@@ -37,28 +37,6 @@ TEST_F(AutoFillTest, UnknownCodesClearWhatStoodThere) {
                                         "BO NAME NOT FOUND|NOTHING||ISIN NAME NOT FOUND||kept"));
 }
 
-TEST_F(AutoFillTest, WhatWasFoundOnceIsForgottenWithTheListAndTheSheet) {
-  const auto names = [this](const char* client) {
-    FillRows(grid, {Typed("05-Jan-2010", client)});
-    FillAutoFields(grid, {2010, 1, 7});
-    return grid.Text(1, EntryColumn::kBoName) + ", " + grid.Text(1, EntryColumn::kIsinName);
-  };
-  EXPECT_EQ(names("C2"), "BEN BIRCH, BRAVO BANK LTD");
-  SetBoList({"1~1201950000000009~BEA BEECH~C2"});
-  EXPECT_EQ(names("C2"), "BEA BEECH, BRAVO BANK LTD");
-  SetIsinList({"1~KX0002000029~BRAVO BANK PLC~BRAVOB~102"});
-  EXPECT_EQ(names("C2"), "BEA BEECH, BRAVO BANK PLC");
-
-  // Enough texts, used and left, that the grid numbers those that remain anew.
-  grid.SetRows(20'000);
-  for (int row = 1; row < grid.Rows(); ++row) grid.SetText(row, 5, "x" + std::to_string(row));
-  grid.SetText(grid.Rows() - 1, 5, "C2");
-  grid.RemoveRows(1, grid.Rows() - 2);
-  ASSERT_LT(grid.DistinctTexts(), 1000u);
-  EXPECT_EQ(names("C2"), "BEA BEECH, BRAVO BANK PLC");
-  EXPECT_EQ(names("7"), "BO NAME NOT FOUND, BRAVO BANK PLC");
-}
-
 TEST_F(AutoFillTest, GroupNumbersRiseAtEveryChangeOfAccountInRowOrder) {
   const std::string day = "5-3-2010";
   FillRows(grid, {Typed(day, "C1"), Typed(day, "C1"), Typed("6-3-2010", "C1"), Typed(day, "C2"),

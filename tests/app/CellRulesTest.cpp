@@ -30,7 +30,7 @@ struct CommitCase {
 
 std::string Columns5To11(const FlexGrid& grid) {
   std::string cells;
-  for (int col = 5; col <= 11; ++col) cells += (col > 5 ? "|" : "") + grid.Text(1, col);
+  for (int col = 5; col <= 11; ++col) cells.append(col > 5 ? "|" : "").append(grid.Text(1, col));
   return cells;
 }
 

@@ -35,7 +35,7 @@ TEST_F(EntrySearchTest, GoesDownFromTheCurrentRowAndWrapsOnce) {
     }
     FillRows(grid, rows);
     grid.SetRow(each.currentRow);
-    EXPECT_EQ(FindEntry(grid, EntryColumn::kBoName, each.text), each.found);
+    EXPECT_EQ(FindEntry(grid, EntryColumn::kBoName, each.text).value_or(0), each.found);
   }
 }
 

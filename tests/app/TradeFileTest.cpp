@@ -5,6 +5,7 @@
 #include "app/TradeFile.h"
 #include "core/RuntimeError.h"
 #include "core/files/modFileIO.h"
+#include "core/grid/ColumnWidths.h"
 #include "core/grid/GridRows.h"
 #include "core/masterlists/Lookups.h"
 #include "tests/support/EntrySheetFixture.h"
@@ -27,6 +28,8 @@ TEST(TradeFileNameTest, BeginsWithTheModeAndHoldsTheDay) {
       {"C:\\pay_in\\PAYIN_05-01-2010_second.txt", kPayIn, {2010, 1, 5}},
       {"payin_05-01-2010", kPayIn, {2010, 1, 5}},
       {"payin.txt", std::nullopt, {}},
+      {"C:\\in\\payin", std::nullopt, {}},
+      {"PAYOUT", std::nullopt, {}},
       {"holdings_05-01-2010.txt", std::nullopt, {}},
       {" payin_05-01-2010.txt", std::nullopt, {}},
   };
@@ -39,7 +42,6 @@ TEST(TradeFileNameTest, BeginsWithTheModeAndHoldsTheDay) {
     EXPECT_EQ(name->day, each.day);
   }
   EXPECT_THROW(ReadTradeFileName("payin_today.txt"), RuntimeError);
-  EXPECT_THROW(ReadTradeFileName("payin"), RuntimeError);
 }
 
 struct TradeFileTest : EntrySheetFixture {
@@ -79,7 +81,7 @@ TEST_F(TradeFileTest, AsksBeforeRowsAreLostAndMayLeaveNone) {
   ClearEntryGrid(grid);
   for (const char* const text : {"0|ALPHAM|2|B|200|5|C1|7|8|9|03-01-2010\r\n", ""}) {
     EXPECT_TRUE(LoadTradeFile(grid, Write(text), "S"));
-    EXPECT_EQ(grid.Rows(), 1);
+    EXPECT_EQ(RowsOf(grid), std::vector<std::string>{"1||||||||||||"});
   }
 }
 
@@ -127,7 +129,8 @@ void LoadPlainly(FlexGrid& grid, std::string_view text, std::string_view side) {
     put(EntryColumn::kIsinCode, isin);
     put(EntryColumn::kIsinName, LookupIsinName(isin));
   }
-  grid.SetRows(row + 1);
+  if (row > 0) return;
+  ClearEntryGrid(grid);
 }
 
 TEST_F(TradeFileTest, TakesRandomFilesAsAPlainLoopDoes) {
@@ -139,8 +142,7 @@ TEST_F(TradeFileTest, TakesRandomFilesAsAPlainLoopDoes) {
       return std::string(texts.begin()[random() % texts.size()]);
     };
     std::string text;
-    // Some are read in several blocks.
-    const auto lines = random() % (seed % 25 == 0 ? 15'000 : 60);
+    const auto lines = random() % 60;
     for (auto left = lines; left > 0; --left) {
       if (random() % 8 == 0) text += pick({"", "no field", "\r", "x\ny", "\n"});
       if (random() % (4 * lines) == 0)

@@ -1,17 +1,11 @@
 list(APPEND portable_tests
-  core/grid/ColumnFitterTest.cpp
   core/grid/FlexGridTest.cpp
   core/grid/GridGeometryTest.cpp
   core/grid/GridRowsTest.cpp
-  core/grid/RadixSortTest.cpp
   core/BusyScopeTest.cpp
-  core/ReadAheadTest.cpp
   core/entry/RowChecksTest.cpp
-  core/text/SeparatorScanTest.cpp
   core/grid/SortGridTest.cpp
-  core/text/TextTableTest.cpp
   core/grid/TildeTableTest.cpp
-  core/TwoThreadsTest.cpp
 )
 list(APPEND portable_tests core/files/FileTest.cpp)
 list(APPEND portable_tests

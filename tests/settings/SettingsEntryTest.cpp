@@ -34,7 +34,7 @@ TEST_F(SettingsEntryTest, GoodValuesAreStoredWrittenAndLoadTheLists) {
   EXPECT_EQ(platform.messages[1].title, "Error loading list of ISINs.");
   // A file that cannot be written still loads the lists of the new location.
   platform.programFolder += "\\missing";
-  BoList = RecordList();
+  BoList = {};
   EXPECT_TRUE(SaveEntry({"123456", kBoid, kFormat, folder.Path()}));
   EXPECT_EQ(platform.messages[2].text, "Path not found");
   EXPECT_EQ(BoList.Count(), 2);

@@ -4,13 +4,13 @@ namespace tallyrun::testing {
 void SetBoList(const std::vector<std::string>& records) {
   std::string text = "S/N~BO ID~BO Name~Client Code";
   for (const std::string& record : records) text += "\r\n" + record;
-  RecordList::Read(BoList, text, BoField::kCount, true);
+  ReadBoList(text);
 }
 
 void SetIsinList(const std::vector<std::string>& records) {
   std::string text = "S/N~ISIN Code~ISIN Name~Scrip ID~Scrip Code";
   for (const std::string& record : records) text += "\r\n" + record;
-  RecordList::Read(IsinList, text, IsinField::kCount, false);
+  ReadIsinList(text);
 }
 
 EntrySheetFixture::EntrySheetFixture() {

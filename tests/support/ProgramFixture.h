@@ -21,8 +21,8 @@ class ProgramFixture : public ::testing::Test {
   ~ProgramFixture() override {
     Settings = {};
     EntryMode = {};
-    BoList = RecordList();
-    IsinList = RecordList();
+    BoList = {};
+    IsinList = {};
     CurrentListKind.clear();
   }
 

@@ -3,6 +3,7 @@
 
 #include "core/files/modFileIO.h"
 #include "core/grid/GridRows.h"
+#include "core/grid/TildeTable.h"
 #include "tests/support/ErrorOf.h"
 #include "tests/support/GridText.h"
 #include "tests/support/ProgramFixture.h"

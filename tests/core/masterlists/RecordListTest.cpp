@@ -1,19 +1,14 @@
-#include <algorithm>
 #include <gtest/gtest.h>
+#include <optional>
 #include <random>
 
 #include "core/RuntimeError.h"
+#include "core/masterlists/RecordIndex.h"
 #include "core/masterlists/RecordList.h"
 #include "core/text/Conversion.h"
 
 namespace tallyrun {
 namespace {
-
-RecordList ListOf(std::string text) {
-  RecordList list;
-  RecordList::Read(list, std::move(text), 4, false);
-  return list;
-}
 
 // The fields of a record joined by "|".
 std::string Record(const RecordList& list, int record) {
@@ -25,37 +20,37 @@ std::string Record(const RecordList& list, int record) {
 }
 
 TEST(RecordListTest, EveryLineIsARecordTheHeaderIncluded) {
-  const RecordList list = ListOf("S/N~ID~Name~Code\r\n1~a~~d\r\nalone\r\n2~b~c~d~more\r\n");
+  RecordList list;
+  list.Read("S/N~ID~Name~Code\r\n1~a~~d\r\nalone\r\n2~b~c~d~more\r\n", 4);
   ASSERT_EQ(list.Count(), 5);
   EXPECT_EQ(Record(list, 1), "S/N|ID|Name|Code");
   EXPECT_EQ(Record(list, 2), "1|a||d");
+  EXPECT_EQ(Record(list, 3), "alone");
   EXPECT_EQ(Record(list, 4), "2|b|c|d");
   EXPECT_EQ(Record(list, 5), "");
-  EXPECT_EQ(list.FindEqual(2, "alone"), 0);
-  EXPECT_EQ(list.FindContaining(2, "a~"), 0);
-  EXPECT_EQ(list.FindContaining(9, ""), 0);
-  EXPECT_EQ(RecordList().FindContaining(2, ""), 0);
   EXPECT_THROW(list.Field(3, 2), RuntimeError);
   EXPECT_THROW(list.Field(6, 1), RuntimeError);
   EXPECT_THROW(list.Field(0, 1), RuntimeError);
 }
 
 TEST(RecordListTest, AShortLineEndsTheReadAndRepairTakesCarriageReturnsOutOfTheLastField) {
-  RecordList list = ListOf("old~old~old~old");
-  EXPECT_THROW(RecordList::Read(list, "1~a~b~c\r\n2~a~b\r\n3~a~b~c", 4, true), RuntimeError);
+  RecordList list;
+  list.Read("old~old~old~old", 4);
+  EXPECT_THROW(list.Read("1~a~b~c\r\n2~a~b\r\n3~a~b~c", 4), RuntimeError);
   ASSERT_EQ(list.Count(), 1);
-  EXPECT_EQ(list.FindEqual(2, "a"), 1);
-  EXPECT_EQ(list.FindEqual(2, "old"), 0);
-  RecordList::Read(list, "1~a~b~c\r\r\n2~a~b\r~c\r\r", 4, true);
+  EXPECT_EQ(Record(list, 1), "1|a|b|c");
+  list.Read("1~a~b~c\r\r\n2~a~b\r~c\r\r", 4);
+  list.RepairLast();
   EXPECT_EQ(Record(list, 1), "1|a|b|c\r");
   EXPECT_EQ(Record(list, 2), "2|a|b\r|c");
   for (const char* text : {"", "1~a~b~c\r\n", "alone"}) {
-    EXPECT_THROW(RecordList::Read(list, text, 4, true), RuntimeError) << text;
+    list.Read(text, 4);
+    EXPECT_THROW(list.RepairLast(), RuntimeError) << text;
   }
-  EXPECT_EQ(Record(list, 1), "alone");
 }
 
-// Every search of a list that is large beside its alphabet, against a plain walk.
+// Both indexes of a list that is large beside its alphabet, against a plain walk. Some records have
+// no such field.
 TEST(RecordListTest, SearchesAgreeWithAWalkFromTheTop) {
   std::mt19937 random(1);
   const auto word = [&](std::size_t longest) {
@@ -65,29 +60,40 @@ TEST(RecordListTest, SearchesAgreeWithAWalkFromTheTop) {
     }
     return letters;
   };
-  std::vector<std::string> fields;
+  std::vector<std::optional<std::string>> fields;
   std::string text;
   for (int record = 0; record < 300; ++record) {
-    fields.push_back(word(7));
-    text += "1~" + fields.back() + "~x~y\r\n";
+    fields.push_back(word(11));
+    text += "1~" + *fields.back() + "~x~y\r\n";
+    if (random() % 8 != 0) continue;
+    fields.push_back(std::nullopt);
+    text += "aa\r\n";
   }
-  const RecordList list = ListOf(text);
-  const auto firstWith = [&](const auto& matches) {
-    const auto found = std::find_if(fields.begin(), fields.end(), matches);
-    return found == fields.end() ? 0 : static_cast<int>(found - fields.begin()) + 1;
+  RecordList list;
+  list.Read(text, 4);
+  const EqualityIndex equal(list, 2, CarriageReturns::Kept);
+  const EqualityIndex equalWithoutCr(list, 2, CarriageReturns::TakenOut);
+  const ContainingIndex containing(list, 2);
+  const auto firstWith = [&](const auto& matches) -> std::optional<int> {
+    for (std::size_t at = 0; at < fields.size(); ++at) {
+      if (fields[at] && matches(*fields[at])) return static_cast<int>(at) + 1;
+    }
+    return std::nullopt;
   };
-  for (int search = 0; search < 500; ++search) {
-    const std::string wanted = word(4);
-    ASSERT_EQ(list.FindEqual(2, wanted),
+  for (int search = 0; search < 1000; ++search) {
+    const std::string wanted = search % 3 == 0 ? fields[random() % 300].value_or("~") : word(4);
+    ASSERT_EQ(equal.Find(wanted),
               firstWith([&](const std::string& field) { return field == wanted; }));
-    ASSERT_EQ(list.FindEqualWithoutCr(2, wanted), firstWith([&](std::string field) {
+    ASSERT_EQ(equalWithoutCr.Find(wanted), firstWith([&](std::string field) {
                 std::erase(field, '\r');
                 return field == wanted;
               }));
-    ASSERT_EQ(list.FindContaining(2, wanted), firstWith([&](const std::string& field) {
+    ASSERT_EQ(containing.Find(wanted), firstWith([&](const std::string& field) {
                 return ToLower(field).find(ToLower(wanted)) != std::string::npos;
               }));
   }
+  EXPECT_EQ(containing.Find("a~x"), std::nullopt);
+  EXPECT_EQ(ContainingIndex(list, 9).Find(""), std::nullopt);
 }
 
 }  // namespace
