@@ -5,7 +5,6 @@
 #include "core/Platform.h"
 #include "core/RuntimeError.h"
 #include "resources/ResourceIds.h"
-#include "ui/FormMessages.h"
 #include "ui/MessageLoop.h"
 
 namespace tallyrun {

@@ -129,6 +129,9 @@ class Form : public BusyWindow, public ControlParent {
  private:
   class HandlerScope;
 
+  // A closed form's window goes when this arrives and no handler of the form runs any more.
+  static constexpr UINT kUnloadPending = WM_APP + 1;
+
   static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam,
                                      LPARAM lParam) noexcept;
   void RegisterWindowClass() const;

@@ -1,7 +1,4 @@
 // The form's window procedure and what it does with each message.
-#include "ui/FormMessages.h"
-
-#include <commctrl.h>
 
 #include <algorithm>
 
