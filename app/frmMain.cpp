@@ -6,6 +6,7 @@
 
 #include "app/AutoFill.h"
 #include "app/CellPaste.h"
+#include "app/CellRules.h"
 #include "app/ConfirmLoading.h"
 #include "app/EntrySearch.h"
 #include "app/Summarize.h"
@@ -82,13 +83,11 @@ void frmMain::ConnectHandlers() {
 
   On(flxEntries.KeyPress, &frmMain::flxEntries_KeyPress);
   On(flxEntries.DblClick, &frmMain::flxEntries_DblClick);
-  On(flxEntries.MouseUp, &frmMain::flxEntries_MouseUp);
-  On(flxEntries.Scroll, &frmMain::flxEntries_Scroll);
-  On(txtEditor.KeyPress, &frmMain::txtEditor_KeyPress);
-  On(txtEditor.LostFocus, &frmMain::txtEditor_LostFocus);
+  On(flxEntries.RightClick, &frmMain::flxEntries_RightClick);
+  cellEditor_.Use(txtEditor);
+  cellEditor_.Use(dtpDate);
+  On(cellEditor_.Keep, &frmMain::cellEditor_Keep);
   On(dtpDate.Change, &frmMain::dtpDate_Change);
-  On(dtpDate.KeyPress, &frmMain::dtpDate_KeyPress);
-  On(dtpDate.LostFocus, &frmMain::dtpDate_LostFocus);
   On(mnuCopy.Click, &frmMain::mnuCopy_Click);
   On(mnuPaste.Click, &frmMain::mnuPaste_Click);
   On(mnuDelete.Click, &frmMain::mnuDelete_Click);
@@ -214,7 +213,7 @@ void frmMain::Form_Unload() {
   UnloadSettingsDialog();
 }
 
-void frmMain::Form_Resize() { HideCellEditors(); }
+void frmMain::Form_Resize() { cellEditor_.Close(); }
 
 void frmMain::SetupEntryGrid() {
   dayOfStart_ = DateOf(ThePlatform().Now());
@@ -258,7 +257,7 @@ void frmMain::btnExit_KeyUp(KeyEvent& key) {
 }
 
 void frmMain::AddRowAtTradeDate() {
-  HideCellEditors();  // while the cell they edit is still the current one
+  cellEditor_.Close();  // while the cell it edits is still the current one
   AddEntryRow(Grid());
   Grid().SetCol(EntryColumn::kTradeDate);
 }
@@ -339,6 +338,62 @@ void frmMain::btnSearch_Click() {
     return;
   }
   ShowFoundEntry(Grid(), *row);
+}
+
+void frmMain::flxEntries_KeyPress(KeyEvent& key) {
+  if (!key.Take(VK_RETURN)) return;
+  if (IsEditable(Grid().Col(), EditTrigger::Enter, chkFreeEntry.Value())) ShowCellEditor();
+}
+
+void frmMain::flxEntries_DblClick() {
+  if (IsEditable(Grid().Col(), EditTrigger::DoubleClick, chkFreeEntry.Value())) ShowCellEditor();
+}
+
+void frmMain::flxEntries_RightClick(POINT at) { mnuCopyCell.Show(flxEntries, at); }
+
+void frmMain::ShowCellEditor() {
+  const int row = Grid().Row();
+  const int col = Grid().Col();
+  if (row < 1) return;  // a sheet without rows has no cell to edit
+  CreateCellEditors();
+  if (IsDateColumn(col)) {
+    if (const std::optional<Date> date = EditorDateFor(Grid(), row, col)) dtpDate.SetValue(*date);
+    cellEditor_.Open(dtpDate);
+  } else {
+    cellEditor_.Open(txtEditor, EditorTextFor(Grid(), row, col));
+  }
+}
+
+// Made with the first edit, as the system makes a calendar with every date picker, and the start
+// need not wait for it. They lie over the sheet.
+void frmMain::CreateCellEditors() {
+  if (txtEditor.Handle() != nullptr) return;
+  txtEditor.Create(*this, frmMainIds::kTxtEditor);
+  txtEditor.SetVisible(false);
+  txtEditor.PutBehind(chkFreeEntry);
+  dtpDate.Create(*this, frmMainIds::kDtpDate);
+  dtpDate.SetVisible(false);
+  dtpDate.PutBehind(txtEditor);
+  dtpDate.SetValue(dayOfStart_);
+}
+
+void frmMain::cellEditor_Keep() {
+  FlexGrid& grid = Grid();
+  if (IsDateColumn(grid.Col())) {
+    dtpDate_Change();
+  } else {
+    const std::string text = TidiedCellText(grid.Col(), txtEditor.Text());
+    txtEditor.SetText(text);  // also what stands there under a refusal
+    if (!CommitCellText(grid, grid.Row(), grid.Col(), text, chkFreeEntry.Value())) return;
+  }
+  cellEditor_.Close();
+}
+
+void frmMain::dtpDate_Change() {
+  const std::optional<Date> date = dtpDate.Value();
+  Grid().SetText(Grid().Row(), Grid().Col(), date ? FormatDdMmmYyyy(*date) : std::string());
+  FitColumnWidth(Grid(), Grid().Row(), Grid().Col());
+  cellEditor_.Follow();  // the cell may have moved with its column's width
 }
 
 void frmMain::mnuCopy_Click() { copyRow_ = Grid().Row(); }

@@ -10,6 +10,7 @@
 #include "holding/frmHoldingMessage.h"
 #include "lists/frmList.h"
 #include "ui/Button.h"
+#include "ui/CellEditor.h"
 #include "ui/DatePicker.h"
 #include "ui/FlexGridControl.h"
 #include "ui/Form.h"
@@ -50,13 +51,9 @@ class frmMain : public Form {
 
   void flxEntries_KeyPress(KeyEvent& key);
   void flxEntries_DblClick();
-  void flxEntries_MouseUp(MouseEvent mouse);
-  void flxEntries_Scroll();
-  void txtEditor_KeyPress(KeyEvent& key);
-  void txtEditor_LostFocus();
+  void flxEntries_RightClick(POINT at);
+  void cellEditor_Keep();
   void dtpDate_Change();
-  void dtpDate_KeyPress(KeyEvent& key);
-  void dtpDate_LostFocus();
   void mnuCopy_Click();
   void mnuPaste_Click();
   void mnuDelete_Click();
@@ -83,9 +80,6 @@ class frmMain : public Form {
   void AddRowAtTradeDate();
   void ShowCellEditor();
   void CreateCellEditors();
-  void CommitCellEditor();
-  void WriteDateIntoCell();
-  void HideCellEditors();
 
   FlexGrid& Grid() { return flxEntries.Grid(); }
   Date PickedDay() const;
@@ -119,6 +113,7 @@ class frmMain : public Form {
   MenuItem mnuPaste;
   MenuItem mnuDelete;
 
+  CellEditor cellEditor_{flxEntries};
   frmList listWindow_;
   frmHoldingMessage holdingWindow_;
   bool SkipNextLoad = false;  // set when the clerk declined a change of mode

@@ -12,7 +12,6 @@
 #include "lists/ListExchange.h"
 #include "lists/ListKind.h"
 #include "lists/ListRows.h"
-#include "ui/CellEditor.h"
 
 namespace tallyrun {
 namespace {
@@ -38,7 +37,7 @@ void frmList::Form_Load() {
   flxList.SetFocus();
 }
 
-void frmList::Form_Resize() { HideOverCell(flxList, txtEditor); }
+void frmList::Form_Resize() { cellEditor_.Close(); }
 
 // Only a control that edits text keeps DELETE for itself. Under the open backup frame the list
 // stands still.
@@ -58,9 +57,7 @@ void frmList::cmbListOf_Click() {
 }
 
 void frmList::txtItem_KeyDown(KeyEvent& key) {
-  if (key.key != VK_RETURN) return;
-  key.handled = true;
-  if (key.repeated) return;  // a held key would tell of a miss box after box
+  if (!key.Take(VK_RETURN)) return;
   const std::string text(Trim(txtItem.Text()));
   if (text.empty()) return;
   const int row = FindRowContaining(Grid(), text);
@@ -75,24 +72,21 @@ void frmList::txtItem_KeyDown(KeyEvent& key) {
 void frmList::flxList_DblClick() { BeginCellEdit(); }
 
 void frmList::flxList_KeyPress(KeyEvent& key) {
-  if (key.key != VK_RETURN) return;
-  key.handled = true;
-  if (!key.repeated) BeginCellEdit();  // a held key would open and keep editors in turn
+  if (key.Take(VK_RETURN)) BeginCellEdit();
 }
 
-void frmList::flxList_Scroll() { HideOverCell(flxList, txtEditor); }
-
-void frmList::txtEditor_KeyPress(KeyEvent& key) {
-  if (key.key == VK_RETURN) {
-    key.handled = true;
-    if (!key.repeated) CommitCellEdit();
-  } else if (key.key == VK_ESCAPE) {
-    key.handled = true;
-    HideOverCell(flxList, txtEditor);
+void frmList::txtEditor_Keep() {
+  std::string text(Trim(txtEditor.Text()));
+  txtEditor.SetText(text);
+  FlexGrid& grid = Grid();
+  if (grid.Col() == kBoIdCol && CurrentListKind == kBoKind) {
+    if (IsBoIdTooLong(text)) return TellBoIdTooLong();
+    text = CompleteBoId(text);
   }
+  grid.SetText(grid.Row(), grid.Col(), text);
+  FitColumnWidth(grid, grid.Row(), grid.Col());
+  cellEditor_.Close();
 }
-
-void frmList::txtEditor_LostFocus() { HideOverCell(flxList, txtEditor); }
 
 void frmList::btnAdd_Click() {
   AddEntryRow(Grid());
@@ -142,7 +136,7 @@ void frmList::btnUpdateList_Click() {
 // The clerk may have switched the list meanwhile, or the working folder.
 void frmList::ShowReceivedList(const std::string& path) {
   if (CurrentListKind != kIsinKind || path != ListFilePathOf(kIsinKind)) return;
-  HideOverCell(flxList, txtEditor);  // its cell has other rows around it now
+  cellEditor_.Close();  // its cell has other rows around it now
   LoadFileIntoGrid(path, Grid());
 }
 
@@ -205,21 +199,7 @@ void frmList::SaveList() {
 void frmList::BeginCellEdit() {
   // A list file that holds nothing but its captions leaves no cell to edit.
   if (Grid().Row() == 0) return;
-  ShowOverCell(flxList, txtEditor, Grid().Text(Grid().Row(), Grid().Col()));
-}
-
-void frmList::CommitCellEdit() {
-  std::string text(Trim(txtEditor.Text()));
-  txtEditor.SetText(text);
-  if (Grid().Col() == kBoIdCol && CurrentListKind == kBoKind) {
-    if (IsBoIdTooLong(text)) return TellBoIdTooLong();
-    text = CompleteBoId(text);
-  }
-  const int topRow = Grid().TopRow();
-  Grid().SetText(Grid().Row(), Grid().Col(), text);
-  FitColumnWidth(Grid(), Grid().Row(), Grid().Col());
-  HideOverCell(flxList, txtEditor);
-  Grid().SetTopRow(topRow);
+  cellEditor_.Open(txtEditor, Grid().Text(Grid().Row(), Grid().Col()));
 }
 
 void frmList::FillBackupList() {

@@ -6,6 +6,7 @@
 
 #include "lists/frmListIds.h"
 #include "ui/Button.h"
+#include "ui/CellEditor.h"
 #include "ui/FlexGridControl.h"
 #include "ui/Form.h"
 #include "ui/ListControls.h"
@@ -41,9 +42,7 @@ class frmList : public Form {
   void txtItem_KeyDown(KeyEvent& key);
   void flxList_DblClick();
   void flxList_KeyPress(KeyEvent& key);
-  void flxList_Scroll();
-  void txtEditor_KeyPress(KeyEvent& key);
-  void txtEditor_LostFocus();
+  void txtEditor_Keep();
   void btnAdd_Click();
   void btnRemove_Click();
   void btnReload_Click();
@@ -62,7 +61,6 @@ class frmList : public Form {
   void ShowReceivedList(const std::string& path);
   void SaveList();
   void BeginCellEdit();
-  void CommitCellEdit();
   void FillBackupList();
 
   FlexGrid& Grid() { return flxList.Grid(); }
@@ -89,6 +87,7 @@ class frmList : public Form {
   Button btnCancel_Backup;
   Button btnDelete_Backup;
 
+  CellEditor cellEditor_{flxList};
   std::string ListFileName;
 };
 

@@ -60,9 +60,8 @@ void frmList::ConnectHandlers() {
   On(txtItem.KeyDown, &frmList::txtItem_KeyDown);
   On(flxList.DblClick, &frmList::flxList_DblClick);
   On(flxList.KeyPress, &frmList::flxList_KeyPress);
-  On(flxList.Scroll, &frmList::flxList_Scroll);
-  On(txtEditor.KeyPress, &frmList::txtEditor_KeyPress);
-  On(txtEditor.LostFocus, &frmList::txtEditor_LostFocus);
+  cellEditor_.Use(txtEditor);
+  On(cellEditor_.Keep, &frmList::txtEditor_Keep);
   On(btnAdd.Click, &frmList::btnAdd_Click);
   On(btnRemove.Click, &frmList::btnRemove_Click);
   On(btnReload.Click, &frmList::btnReload_Click);

@@ -1,32 +1,56 @@
 #include "ui/CellEditor.h"
 
+#include <utility>
+
 #include "ui/Form.h"
 
 namespace tallyrun {
 
-void PlaceOverCell(const FlexGridControl& grid, Control& editor) {
-  editor.Move(grid.CellBoundsInParent(grid.Grid().Row(), grid.Grid().Col()));
+CellEditor::CellEditor(FlexGridControl& grid) : grid_(grid) {
+  grid_.Scroll.Set([this] { Close(); });
 }
 
-void ShowOverCell(FlexGridControl& grid, Control& editor) {
+void CellEditor::Use(Control& control) {
+  control.KeyPress.Set([this](KeyEvent& key) { TakeKey(key); });
+  control.LostFocus.Set([this] { Close(); });
+}
+
+void CellEditor::TakeKey(KeyEvent& key) {
+  if (key.Take(VK_RETURN)) Keep.Raise();
+  if (key.key != VK_ESCAPE) return;
+  key.handled = true;
+  Close();
+}
+
+void CellEditor::Open(Control& control) {
+  Close();
   // First, as scrolling closes an editor.
-  grid.ShowCell(grid.Grid().Row(), grid.Grid().Col());
-  PlaceOverCell(grid, editor);
-  editor.SetVisible(true);
-  editor.SetFocus();
+  grid_.ShowCell(grid_.Grid().Row(), grid_.Grid().Col());
+  open_ = &control;
+  Follow();
+  control.SetVisible(true);
+  control.SetFocus();
 }
 
-void ShowOverCell(FlexGridControl& grid, TextBox& editor, const std::string& text) {
-  editor.SetText(text);
-  ShowOverCell(grid, editor);
-  editor.SelectAll();
+void CellEditor::Open(TextBox& box, const std::string& text) {
+  Close();
+  box.SetText(text);
+  Open(box);
+  box.SelectAll();
 }
 
-void HideOverCell(FlexGridControl& grid, Control& editor) {
+void CellEditor::Follow() {
+  const FlexGrid& grid = grid_.Grid();
+  if (open_ != nullptr) open_->Move(grid_.CellBoundsInParent(grid.Row(), grid.Col()));
+}
+
+void CellEditor::Close() {
+  Control* const control = std::exchange(open_, nullptr);
+  if (control == nullptr) return;
   // First, or the system would give the focus to whatever comes next; also when the form is not in
   // front and only remembers the editor.
-  if (editor.Owner() != nullptr && editor.Owner()->RemembersFocusOn(editor)) grid.SetFocus();
-  editor.SetVisible(false);
+  if (control->Owner()->RemembersFocusOn(*control)) grid_.SetFocus();
+  control->SetVisible(false);
 }
 
 }  // namespace tallyrun

@@ -32,12 +32,13 @@ struct KeyEvent {
   bool control = false;
   bool handled = false;   // set by the handler: the control does nothing with the key
   bool repeated = false;  // the key is being held down
-};
 
-struct MouseEvent {
-  int button = 0;  // 1 left, 2 right
-  int x = 0;       // client pixels
-  int y = 0;
+  // Takes `wanted` from the control. True when the handler is to act on it: a held key acts once.
+  bool Take(int wanted) {
+    if (key != wanted) return false;
+    handled = true;
+    return !repeated;
+  }
 };
 
 }  // namespace tallyrun

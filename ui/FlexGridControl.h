@@ -23,9 +23,9 @@ class FlexGridControl : public Control, private GridObserver {
 
   // A double click on a cell, which is the current one by then.
   Event<> DblClick;
-  // A button was released over the rows, or the right one over the captions; the menu key counts
-  // as the right one. A right click on a cell outside the selected block makes it current first.
-  Event<MouseEvent> MouseUp;
+  // The right button was released over rows or captions, or the menu key pressed: where, in client
+  // pixels. A right click on a cell outside the selected block makes that cell current first.
+  Event<POINT> RightClick;
   // The first visible row or column has changed, whoever changed it; raised at once.
   Event<> Scroll;
 
@@ -69,7 +69,6 @@ class FlexGridControl : public Control, private GridObserver {
   void OnLeftDown(POINT at, bool extend);
   void OnDoubleClick(POINT at);
   void OnRightDown(POINT at);
-  void OnButtonUp(int button, POINT at);
   void OnMenuKey();
   void DragTo(POINT at);
   void EndDrag();

@@ -116,10 +116,10 @@ LRESULT FlexGridControl::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       OnRightDown(PointOf(lParam));
       return 0;
     case WM_LBUTTONUP:
-      OnButtonUp(1, PointOf(lParam));
+      if (dragging_) ReleaseCapture();
       return 0;
     case WM_RBUTTONUP:
-      OnButtonUp(2, PointOf(lParam));
+      RightClick.Raise(PointOf(lParam));
       return 0;
     case WM_CONTEXTMENU:
       // Without a place it comes from the keyboard; the mouse's belongs to a scroll bar.
@@ -225,15 +225,10 @@ void FlexGridControl::OnRightDown(POINT at) {
   grid_.SetCol(cell->col);
 }
 
-void FlexGridControl::OnButtonUp(int button, POINT at) {
-  if (dragging_ && button == 1) ReleaseCapture();
-  MouseUp.Raise({button, at.x, at.y});
-}
-
 void FlexGridControl::OnMenuKey() {
   if (grid_.Row() > 0) ShowCell(grid_.Row(), grid_.Col());
   const GridRect cell = CellBounds(grid_.Row(), grid_.Col());
-  MouseUp.Raise({2, cell.left + cell.width / 2, cell.top + cell.height / 2});
+  RightClick.Raise({cell.left + cell.width / 2, cell.top + cell.height / 2});
 }
 
 void FlexGridControl::DragTo(POINT at) {

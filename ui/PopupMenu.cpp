@@ -15,8 +15,7 @@ int PopupMenu::AddItem(MenuItem& item, const std::string& text) {
   return number;
 }
 
-void PopupMenu::Show(const Control& over, int x, int y) {
-  POINT at = {x, y};
+void PopupMenu::Show(const Control& over, POINT at) {
   ClientToScreen(over.Handle(), &at);
   const BOOL chosen = TrackPopupMenuEx(menu_.Get(), TPM_RETURNCMD | TPM_RIGHTBUTTON, at.x, at.y,
                                        over.Owner()->Handle(), nullptr);

@@ -82,14 +82,17 @@ TEST_F(frmListTest, TheFirstDataColumnIsCurrentAfterEveryLoadThatLaysOutTheList)
   }
 }
 
-TEST_F(frmListTest, AHeldEnterTellsOfAMissOnce) {
-  Control& search = On(ids::kTxtItem);
-  search.SetFocus();
-  search.SetText("nobody");
-  constexpr LPARAM kHeld = 1 << 30;
-  for (const LPARAM key : {LPARAM{0}, kHeld, kHeld}) {
-    SendMessageA(search.Handle(), WM_KEYDOWN, VK_RETURN, key);
-  }
+TEST_F(frmListTest, AHeldEnterActsOnce) {
+  const auto hold = [this](int id, UINT message) {
+    On(id).SetFocus();
+    for (const LPARAM key : {0, 1 << 30, 1 << 30}) {
+      SendMessageA(GetFocus(), message, VK_RETURN, key);
+    }
+  };
+  hold(ids::kFlxList, WM_CHAR);
+  EXPECT_TRUE(Editor().HasFocus()) << "opened, and not kept at once";
+  On(ids::kTxtItem).SetText("nobody");
+  hold(ids::kTxtItem, WM_KEYDOWN);
   EXPECT_EQ(platform.TakeMessage(),
             (Message{"There is no such BO in the list.", "BO Not Found.", MessageIcon::Critical}));
 }
