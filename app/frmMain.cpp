@@ -27,9 +27,6 @@ namespace {
 
 constexpr int kDefaultWidth = 1240;  // of the client area, pixels at 96 DPI: all columns of a day
 constexpr int kDefaultHeight = 600;
-constexpr int kSearchTextWidth = 150;
-constexpr int kSearchTextMinimum = 90;
-constexpr int kGridMinimumHeight = 160;
 
 }  // namespace
 
@@ -40,33 +37,6 @@ frmMain::frmMain()
   mnuCopyCell.AddItem(mnuPaste, "Paste");
   mnuCopyCell.AddItem(mnuDelete, "Delete");
   ConnectHandlers();
-}
-
-void frmMain::CreateControls() {
-  using namespace frmMainIds;
-  optPayIn.Create(*this, kOptPayIn, "Pay In");
-  optPayOut.Create(*this, kOptPayOut, "Pay Out");
-  dtpPayInOrPayOut.Create(*this, kDtpPayInOrPayOut);
-  btnLoadFromBTFile.Create(*this, kBtnLoadFromBTFile, "Load Payin");
-  btnReload.Create(*this, kBtnReload, "Reload");
-  btnSave.Create(*this, kBtnSave, "Save");
-  lblSearch.Create(*this, kLblSearch, "Search");
-  cmbSearch.Create(*this, kCmbSearch);
-  txtSearch.Create(*this, kTxtSearch);
-  btnSearch.Create(*this, kBtnSearch, "Search");
-  chkFreeEntry.Create(*this, kChkFreeEntry, "Free Entry",
-                      "Check to enter anything anywhere in the above table.");
-  flxEntries.Create(*this, kFlxEntries);
-  btnAutoFields.Create(*this, kBtnAutoFields, "Auto-Fill",
-                       "Fill the automatic fields i.e. Broker ID, Clearing BOID, Deliver Date, "
-                       "and Internal Ref. No.");
-  btnSummarize.Create(*this, kBtnSummarize, "Summarize");
-  btnCheck.Create(*this, kBtnCheck, "Check Holding");
-  btnReport.Create(*this, kBtnReport, "Report");
-  btnSend.Create(*this, kBtnSend, "Send");
-  btnList.Create(*this, kBtnList, "List");
-  btnSettings.Create(*this, kBtnSettings, "Settings", "Go to settings.");
-  btnExit.Create(*this, kBtnExit, "Exit");
 }
 
 void frmMain::ConnectHandlers() {
@@ -100,109 +70,6 @@ void frmMain::ConnectHandlers() {
   On(btnList.Click, &frmMain::btnList_Click);
   On(btnSettings.Click, &frmMain::btnSettings_Click);
   On(btnExit.Click, &frmMain::btnExit_Click);
-}
-
-void frmMain::Layout(LayoutArea& area) {
-  const int edge = area.Scale(spacing::kEdge);
-  const int related = area.Scale(spacing::kRelated);
-  const int row = area.BoxHeight();
-
-  const int dayWidth = LayoutDay(area);
-  const int topWidth = dayWidth + LayoutSearch(area, edge + dayWidth);
-  const int bottomWidth = LayoutCommands(area);
-
-  const int gridTop = edge + row + related + row + related;
-  const int gridBottom = area.Height() - edge - area.ButtonHeight() - related;
-  area.Place(flxEntries, {edge, gridTop, area.Width() - 2 * edge, gridBottom - gridTop});
-
-  area.SetMinimum(std::max(topWidth, bottomWidth) + 2 * edge,
-                  gridTop + area.Scale(kGridMinimumHeight) + related + area.ButtonHeight() + edge);
-}
-
-// The modes above each other, the day's picker beside the chosen one, and the day's files.
-int frmMain::LayoutDay(LayoutArea& area) {
-  const int edge = area.Scale(spacing::kEdge);
-  const int related = area.Scale(spacing::kRelated);
-  const int unrelated = area.Scale(spacing::kUnrelated);
-  const int row = area.BoxHeight();
-  const int secondTop = edge + row + related;
-
-  const int optionWidth = std::max(area.OptionWidth("Pay In"), area.OptionWidth("Pay Out"));
-  area.Place(optPayIn, {edge, edge, optionWidth, row});
-  area.Place(optPayOut, {edge, secondTop, optionWidth, row});
-
-  int left = edge + optionWidth + related;
-  const int pickerTop = EntryMode == kPayOut ? secondTop : edge;
-  area.Place(dtpPayInOrPayOut, {left, pickerTop, area.DateWidth(), row});
-  left += area.DateWidth() + unrelated;
-
-  // Wide enough for both modes' captions, so that nothing moves with the mode.
-  const int importWidth = std::max(area.ButtonWidth("Load Payin"), area.ButtonWidth("Load Payout"));
-  area.Place(btnLoadFromBTFile, {left, edge, importWidth, area.ButtonHeight()});
-  left += importWidth + related;
-  for (Button* const button : {&btnReload, &btnSave}) {
-    const int width = area.ButtonWidth(button->Text());
-    area.Place(*button, {left, edge, width, area.ButtonHeight()});
-    left += width + related;
-  }
-  return left - edge;
-}
-
-// Search and Free Entry at the right edge, beside what ends at `dayRight`.
-int frmMain::LayoutSearch(LayoutArea& area, int dayRight) {
-  const int edge = area.Scale(spacing::kEdge);
-  const int related = area.Scale(spacing::kRelated);
-  const int row = area.BoxHeight();
-  const int right = area.Width() - edge;
-
-  const int buttonWidth = area.ButtonWidth("Search");
-  const int labelWidth = area.TextWidth("Search") + area.Scale(spacing::kLabel);
-  int comboWidth = 0;
-  for (const SearchColumn& column : kSearchColumns) {
-    comboWidth = std::max(comboWidth, area.TextWidth(column.caption));
-  }
-  comboWidth += area.Scale(32);  // the drop-down button and the inner margins
-
-  // The text box gives way first where the window is narrow.
-  const int others = labelWidth + comboWidth + related + related + buttonWidth;
-  const int textMinimum = area.Scale(kSearchTextMinimum);
-  const int textWidth =
-      std::clamp(right - dayRight - others, textMinimum, area.Scale(kSearchTextWidth));
-
-  int left = right - buttonWidth;
-  area.Place(btnSearch, {left, edge, buttonWidth, area.ButtonHeight()});
-  left -= related + textWidth;
-  area.Place(txtSearch, {left, edge, textWidth, row});
-  left -= related + comboWidth;
-  area.Place(cmbSearch, {left, edge, comboWidth, row});
-  left -= labelWidth;
-  area.Place(lblSearch, {left, edge, labelWidth, row});
-
-  const int checkWidth = area.OptionWidth("Free Entry");
-  area.Place(chkFreeEntry, {right - checkWidth, edge + row + related, checkWidth, row});
-  return others + textMinimum + area.Scale(spacing::kUnrelated);
-}
-
-// The work of the day from the left, the other windows and the way out at the right.
-int frmMain::LayoutCommands(LayoutArea& area) {
-  const int edge = area.Scale(spacing::kEdge);
-  const int related = area.Scale(spacing::kRelated);
-  const int top = area.Height() - edge - area.ButtonHeight();
-
-  int left = edge;
-  for (Button* const button : {&btnAutoFields, &btnSummarize, &btnCheck, &btnReport, &btnSend}) {
-    const int width = area.ButtonWidth(button->Text());
-    area.Place(*button, {left, top, width, area.ButtonHeight()});
-    left += width + related;
-  }
-  int right = area.Width() - edge;
-  for (Button* const button : {&btnExit, &btnSettings, &btnList}) {
-    const int width = area.ButtonWidth(button->Text());
-    right -= width;
-    area.Place(*button, {right, top, width, area.ButtonHeight()});
-    right -= related;
-  }
-  return left - edge + (area.Width() - edge - right);
 }
 
 void frmMain::Form_Load() { SetupEntryGrid(); }

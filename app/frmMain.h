@@ -34,10 +34,6 @@ class frmMain : public Form {
 
  private:
   void ConnectHandlers();
-  // Each places one group and gives back the width in pixels that it needs.
-  int LayoutDay(LayoutArea& area);
-  int LayoutSearch(LayoutArea& area, int dayRight);
-  int LayoutCommands(LayoutArea& area);
 
   void SetupEntryGrid();
   void Form_KeyUp(KeyEvent& key);

@@ -10,8 +10,8 @@ namespace {
 // In pixels at 96 DPI: room for a problem's whole line, and for a few of them at least.
 constexpr int kWidth = 780;
 constexpr int kHeight = 320;
-constexpr int kLeastWidth = 240;
-constexpr int kLeastHeight = 120;
+constexpr int kLeastWidth = 220;
+constexpr int kLeastHeight = 100;
 
 }  // namespace
 
@@ -30,9 +30,7 @@ void frmHoldingMessage::CreateControls() {
 }
 
 void frmHoldingMessage::Layout(LayoutArea& area) {
-  const int edge = area.Scale(spacing::kEdge);
-  area.Place(txtMessage, {edge, edge, area.Width() - 2 * edge, area.Height() - 2 * edge});
-  area.SetMinimum(area.Scale(kLeastWidth), area.Scale(kLeastHeight));
+  area.Fill(txtMessage, area.Scale(kLeastWidth), area.Scale(kLeastHeight));
 }
 
 void frmHoldingMessage::Form_Load() {

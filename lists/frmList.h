@@ -32,9 +32,6 @@ class frmList : public Form {
  private:
   void CreateBackupFrame();
   void ConnectHandlers();
-  // The first two give back the width in pixels that they need.
-  int LayoutChooser(LayoutArea& area);
-  int LayoutCommands(LayoutArea& area);
   void LayoutBackupFrame(LayoutArea& area, const PixelRect& grid);
 
   void Form_KeyUp(KeyEvent& key);

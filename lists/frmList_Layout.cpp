@@ -77,78 +77,33 @@ void frmList::ConnectHandlers() {
 }
 
 void frmList::Layout(LayoutArea& area) {
-  const int edge = area.Scale(spacing::kEdge);
-  const int related = area.Scale(spacing::kRelated);
-  const int chooserWidth = LayoutChooser(area);
-  const int commandsWidth = LayoutCommands(area);
-
-  const int gridTop = edge + area.BoxHeight() + related;
-  const int below = related + area.ButtonHeight() + edge;
-  const PixelRect grid = {edge, gridTop, area.Width() - 2 * edge, area.Height() - below - gridTop};
-  area.Place(flxList, grid);
-  LayoutBackupFrame(area, grid);
-  area.SetMinimum(std::max(chooserWidth, commandsWidth) + 2 * edge,
-                  gridTop + area.Scale(kGridMinimumHeight) + below);
-}
-
-int frmList::LayoutChooser(LayoutArea& area) {
-  const int edge = area.Scale(spacing::kEdge);
-  const int height = area.BoxHeight();
-  area.Place(cmbListOf, {edge, edge, area.Scale(kChooserWidth), height});
-  int left = edge + area.Scale(kChooserWidth) + area.Scale(spacing::kUnrelated);
   // Wide enough for either list, so that nothing moves when the list is switched.
-  const int labelWidth = std::max(area.TextWidth(ListTextsOf(kBoKind).selectCaption),
-                                  area.TextWidth(ListTextsOf(kIsinKind).selectCaption));
-  area.Place(lblSelect, {left, edge, labelWidth, height});
-  left += labelWidth + area.Scale(spacing::kLabel);
-  area.Place(txtItem, {left, edge, area.Width() - edge - left, height});
-  return left + area.Scale(kSearchMinimumWidth) - edge;
+  const int kinds = std::max(area.TextWidth(ListTextsOf(kBoKind).selectCaption),
+                             area.TextWidth(ListTextsOf(kIsinKind).selectCaption));
+  const LayoutItem chooser(cmbListOf, area.Scale(kChooserWidth));
+  const LayoutItem select(lblSelect, kinds);
+  const LayoutItem item(txtItem, LayoutItem::kAllThatIsLeft, area.Scale(kSearchMinimumWidth));
+  const LayoutItem update(btnUpdateList, area.ButtonWidth("Receive"));
+  const LayoutItem apart = area.Apart();
+  const LayoutItem rest;
+
+  area.TopRow({chooser, apart, select, item});
+  area.BottomRow({btnAdd, btnRemove, btnReload, btnSave, apart, btnSaveAsBackup, btnLoadBackup,
+                  apart, update, rest, btnClose});
+  LayoutBackupFrame(area, area.Fill(flxList, 0, area.Scale(kGridMinimumHeight)));
 }
 
-int frmList::LayoutCommands(LayoutArea& area) {
-  const int edge = area.Scale(spacing::kEdge);
-  const int related = area.Scale(spacing::kRelated);
-  const int unrelated = area.Scale(spacing::kUnrelated);
-  const int height = area.ButtonHeight();
-  const int top = area.Height() - edge - height;
-  int left = edge;
-  const auto place = [&](Button& button, const std::string& widestCaption, int gap) {
-    const int width = area.ButtonWidth(widestCaption);
-    area.Place(button, {left, top, width, height});
-    left += width + gap;
-  };
-  place(btnAdd, "Add", related);
-  place(btnRemove, "Remove", related);
-  place(btnReload, "Reload", related);
-  place(btnSave, "Save", unrelated);
-  place(btnSaveAsBackup, "Save As Backup", related);
-  place(btnLoadBackup, "Load From Backup", unrelated);
-  place(btnUpdateList, "Receive", unrelated);
-  const int closeWidth = area.ButtonWidth("Close");
-  area.Place(btnClose, {area.Width() - edge - closeWidth, top, closeWidth, height});
-  return left - edge + closeWidth;
-}
-
+// In the middle of the grid. Delete stands apart, as it cannot be taken back.
 void frmList::LayoutBackupFrame(LayoutArea& area, const PixelRect& grid) {
-  const int margin = area.Scale(spacing::kEdge);
-  const int related = area.Scale(spacing::kRelated);
   const int width = std::min(area.Scale(kFrameWidth), grid.width);
   const int height = std::min(area.Scale(kFrameMaximumHeight), grid.height);
   area.Place(frameBackup, {grid.x + (grid.width - width) / 2, grid.y + (grid.height - height) / 2,
                            width, height});
-
-  const int inner = width - 2 * margin;
-  const int listTop = margin + area.LineHeight() + related;
-  const int buttonTop = height - margin - area.ButtonHeight();
-  area.Place(lblTitle_Backup, {margin, margin, inner, area.LineHeight()});
-  area.Place(lstBackups, {margin, listTop, inner, buttonTop - related - listTop});
-  // Apart from the other two, as it cannot be taken back.
-  const int buttonWidth = area.ButtonWidth("Cancel");
-  area.Place(btnLoad_Backup, {margin, buttonTop, buttonWidth, area.ButtonHeight()});
-  area.Place(btnCancel_Backup,
-             {margin + buttonWidth + related, buttonTop, buttonWidth, area.ButtonHeight()});
-  area.Place(btnDelete_Backup,
-             {width - margin - buttonWidth, buttonTop, buttonWidth, area.ButtonHeight()});
+  area.GoInside(width, height);
+  const LayoutItem rest;
+  area.TopRow({{lblTitle_Backup, LayoutItem::kAllThatIsLeft, 0}});
+  area.BottomRow({btnLoad_Backup, btnCancel_Backup, rest, btnDelete_Backup});
+  area.Fill(lstBackups, 0, 0);
 }
 
 }  // namespace tallyrun

@@ -42,35 +42,18 @@ void frmSettings::CreateControls() {
 }
 
 void frmSettings::Layout(LayoutArea& area) {
-  const struct {
-    Label& label;
-    TextBox& box;
-  } rows[] = {{lblBrokerID, txtBrokerID},
-              {lblClearingBOID, txtClearingBOID},
-              {lblDefaultBOIDFormat, txtDefaultBOIDFormat},
-              {lblBackupPath, txtBackupPath}};
-  const int edge = area.Scale(spacing::kEdge);
-  const int gap = area.Scale(spacing::kRelated);
-  const int height = area.BoxHeight();
-  const int boxWidth = area.Scale(kBoxWidth);
-  const int browseWidth = area.ButtonWidth(btnSetBackupLocation.Text());
-  const int saveWidth = area.ButtonWidth(btnSave.Text());
-
-  int labelWidth = 0;
-  for (const auto& row : rows) labelWidth = std::max(labelWidth, area.TextWidth(row.label.Text()));
-  const int boxX = edge + labelWidth + area.Scale(spacing::kUnrelated);
-  const int width = boxX + boxWidth + gap + browseWidth + edge;
-
-  int y = edge;
-  for (const auto& row : rows) {
-    area.Place(row.label, {edge, y, labelWidth, height});
-    area.Place(row.box, {boxX, y, boxWidth, height});
-    y += height + gap;
+  int label = 0;
+  for (const Label* each :
+       {&lblBrokerID, &lblClearingBOID, &lblDefaultBOIDFormat, &lblBackupPath}) {
+    label = std::max(label, each->WidthIn(area));
   }
-  area.Place(btnSetBackupLocation, {boxX + boxWidth + gap, y - height - gap, browseWidth, height});
-  y += area.Scale(spacing::kUnrelated) - gap;
-  area.Place(btnSave, {width - edge - saveWidth, y, saveWidth, area.ButtonHeight()});
-  area.SetMinimum(width, y + area.ButtonHeight() + edge);
+  const int box = area.Scale(kBoxWidth);
+  const LayoutItem rest;
+  area.TopRow({{lblBrokerID, label}, {txtBrokerID, box}});
+  area.TopRow({{lblClearingBOID, label}, {txtClearingBOID, box}});
+  area.TopRow({{lblDefaultBOIDFormat, label}, {txtDefaultBOIDFormat, box}});
+  area.TopRow({{lblBackupPath, label}, {txtBackupPath, box}, btnSetBackupLocation});
+  area.TopRow({rest, btnSave});
 }
 
 void frmSettings::Form_Load() {

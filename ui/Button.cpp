@@ -22,6 +22,8 @@ void Button::Create(ControlParent& parent, int id, const std::string& caption,
   SetToolTip(toolTip);
 }
 
+int Button::WidthIn(const LayoutArea& area) const { return area.ButtonWidth(Text()); }
+
 void Button::OnCommand(int code) {
   if (code == BN_CLICKED) Click.Raise();
 }
@@ -37,6 +39,8 @@ void OptionButton::Create(ControlParent& parent, int id, const std::string& capt
   wasOn_ = false;
   SetToolTip(toolTip);
 }
+
+int OptionButton::WidthIn(const LayoutArea& area) const { return area.OptionWidth(Text()); }
 
 bool OptionButton::Value() const { return IsChecked(Handle()); }
 
@@ -74,6 +78,8 @@ void CheckBox::Create(ControlParent& parent, int id, const std::string& caption,
                 0, id);
   SetToolTip(toolTip);
 }
+
+int CheckBox::WidthIn(const LayoutArea& area) const { return area.OptionWidth(Text()); }
 
 bool CheckBox::Value() const { return IsChecked(Handle()); }
 

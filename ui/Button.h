@@ -13,6 +13,7 @@ class Button : public Control {
 
   void Create(ControlParent& parent, int id, const std::string& caption,
               const std::string& toolTip = "");
+  int WidthIn(const LayoutArea& area) const override;
   void OnCommand(int code) override;
 };
 
@@ -27,6 +28,7 @@ class OptionButton : public Control {
   bool Value() const;
   // Turning it on turns the others of its parent off.
   void SetValue(bool on);
+  int WidthIn(const LayoutArea& area) const override;
   void OnCommand(int code) override;
 
  private:
@@ -44,6 +46,7 @@ class CheckBox : public Control {
               const std::string& toolTip = "");
   bool Value() const;
   void SetValue(bool on);
+  int WidthIn(const LayoutArea& area) const override;
   void OnCommand(int code) override;
 };
 

@@ -16,6 +16,7 @@ namespace tallyrun {
 
 class Control;
 class Form;
+class LayoutArea;
 
 // A place in pixels of the parent's client area.
 struct PixelRect {
@@ -76,6 +77,8 @@ class Control {
   void PutBehind(const Control& other);
   // The form is about to show: what was put off until the first paint is better done unseen.
   virtual void OnShowing() {}
+  // The width in pixels that what it shows takes in a row; 0 where that says nothing.
+  virtual int WidthIn(const LayoutArea&) const { return 0; }
   // The window's height when it is laid out `height` pixels high; drop-downs differ.
   virtual int WindowHeightFor(int height) { return height; }
 

@@ -7,6 +7,7 @@
 
 #include "core/text/Conversion.h"
 #include "ui/Control.h"
+#include "ui/Layout.h"
 
 namespace tallyrun {
 
@@ -19,6 +20,7 @@ class DatePicker : public Control {
   std::optional<Date> Value() const;
   // Raises no Change. A date that the picker cannot show leaves it as it is.
   void SetValue(const Date& date);
+  int WidthIn(const LayoutArea& area) const override { return area.DateWidth(); }
   LRESULT OnNotify(NMHDR& notification) override;
 
  protected:

@@ -4,6 +4,7 @@
 #include <string>
 
 #include "ui/Control.h"
+#include "ui/Layout.h"
 
 namespace tallyrun {
 
@@ -11,6 +12,7 @@ class Label : public Control {
  public:
   void Create(ControlParent& parent, int id, const std::string& caption,
               const std::string& toolTip = "");
+  int WidthIn(const LayoutArea& area) const override { return area.TextWidth(Text()); }
 };
 
 // A raised panel with controls of its own, made with the frame as their parent. A frame is

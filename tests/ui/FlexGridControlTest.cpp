@@ -24,7 +24,7 @@ enum ControlId { kGridId = 100, kEditorId };
 
 class GridForm : public Form {
  public:
-  GridForm() : Form("GridFormTest", {.width = 500, .height = 300}) {}
+  GridForm() : Form("GridFormTest", {.width = 500, .height = 290}) {}
 
   FlexGridControl flxGrid;
   TextBox txtOther;
@@ -35,8 +35,8 @@ class GridForm : public Form {
     flxGrid.Create(*this, kGridId);
   }
   void Layout(LayoutArea& area) override {
-    area.Place(txtOther, {10, 10, 100, area.BoxHeight()});
-    area.Place(flxGrid, {10, 50, area.Width() - 20, area.Height() - 60});
+    area.TopRow({{txtOther, 100}});
+    area.Fill(flxGrid, 0, 0);
   }
 };
 

@@ -46,10 +46,8 @@ class TryForm : public Form {
   }
 
   void Layout(LayoutArea& area) override {
-    int y = 0;
     for (Control* control : Controls()) {
-      area.Place(*control, {10, y, area.Width() - 20, area.BoxHeight()});
-      y += area.BoxHeight();
+      area.TopRow({{*control, LayoutItem::kAllThatIsLeft, 0}});
     }
   }
 
