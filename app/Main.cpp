@@ -6,7 +6,6 @@
 #include "app/frmMain.h"
 #include "core/ErrorTrap.h"
 #include "core/entry/Settings.h"
-#include "settings/frmSettings.h"
 #include "ui/MessageLoop.h"
 #include "ui/WindowsPlatform.h"
 
@@ -15,7 +14,7 @@ namespace {
 
 void Main(frmMain& window) {
   RunTrapped([&] {
-    LoadSettings(OpenSettingsDialog);
+    LoadSettings([&] { window.ShowSettings(); });
     window.Show();
   });
 }

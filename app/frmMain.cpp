@@ -18,7 +18,6 @@
 #include "core/modGlobal.h"
 #include "lists/ListKind.h"
 #include "reports/InstructionReport.h"
-#include "settings/frmSettings.h"
 #include "transfer/CheckAlreadySent.h"
 #include "transfer/UploadEntryFile.h"
 
@@ -77,7 +76,7 @@ void frmMain::Form_Load() { SetupEntryGrid(); }
 void frmMain::Form_Unload() {
   listWindow_.Unload();
   holdingWindow_.Unload();
-  UnloadSettingsDialog();
+  settingsWindow_.Unload();
 }
 
 void frmMain::Form_Resize() { cellEditor_.Close(); }
@@ -331,7 +330,9 @@ void frmMain::btnList_Click() {
   listWindow_.Show();
 }
 
-void frmMain::btnSettings_Click() { ShowSettingsDialog(this); }
+void frmMain::btnSettings_Click() { ShowSettings(); }
+
+void frmMain::ShowSettings() { settingsWindow_.ShowModal(this); }
 
 void frmMain::btnExit_Click() { Unload(); }
 

@@ -9,6 +9,7 @@
 #include "holding/CheckHoldings.h"
 #include "holding/frmHoldingMessage.h"
 #include "lists/frmList.h"
+#include "settings/frmSettings.h"
 #include "ui/Button.h"
 #include "ui/CellEditor.h"
 #include "ui/DatePicker.h"
@@ -24,6 +25,9 @@ namespace tallyrun {
 class frmMain : public Form {
  public:
   frmMain();
+
+  // Shows the settings dialog until it is closed, also while this window is not shown yet.
+  void ShowSettings();
 
  protected:
   void CreateControls() override;
@@ -112,6 +116,7 @@ class frmMain : public Form {
   CellEditor cellEditor_{flxEntries};
   frmList listWindow_;
   frmHoldingMessage holdingWindow_;
+  frmSettings settingsWindow_;
   bool SkipNextLoad = false;  // set when the clerk declined a change of mode
   int copyRow_ = 0;           // the row last copied from; 0 when none was
   Date dayOfStart_;           // what the date editor stands on before its first cell

@@ -1,8 +1,8 @@
 // The window that lists the problems of a holding check. Knows nothing of how they were found.
 #pragma once
 
-#include "ui/Controls.h"
 #include "ui/Form.h"
+#include "ui/TextBox.h"
 
 namespace tallyrun {
 

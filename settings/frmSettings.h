@@ -1,16 +1,26 @@
-// The settings dialog: the broker's identity and the working folder. What saving means stands in
-// SettingsEntry.
+// The settings dialog: edits the broker's identity and the working folder. It is shown modally, and
+// stays open after Save until the clerk closes it.
 #pragma once
 
-#include "core/entry/Settings.h"
-#include "ui/Controls.h"
+#include "ui/Button.h"
 #include "ui/Form.h"
+#include "ui/Panels.h"
+#include "ui/TextBox.h"
 
 namespace tallyrun {
 
 class frmSettings : public Form {
  public:
   frmSettings();
+
+ protected:
+  void CreateControls() override;
+  void Layout(LayoutArea& area) override;
+  void Form_Load() override;
+
+ private:
+  void btnSetBackupLocation_Click();
+  void btnSave_Click();
 
   Label lblBrokerID;
   TextBox txtBrokerID;
@@ -22,25 +32,6 @@ class frmSettings : public Form {
   TextBox txtBackupPath;
   Button btnSetBackupLocation;
   Button btnSave;
-
- protected:
-  void CreateControls() override;
-  void Layout(LayoutArea& area) override;
-  void Form_Load() override;
-
- private:
-  void btnSetBackupLocation_Click();
-  void btnSave_Click();
-
-  BrokerSettings Entry() const;
-  void ShowEntry(const BrokerSettings& entry);
 };
-
-// Shows the dialog modally over `owner`, which may be null, and returns when it is closed.
-void ShowSettingsDialog(Form* owner);
-// The same while no other window is open.
-void OpenSettingsDialog();
-// Closes the dialog if it is open.
-void UnloadSettingsDialog();
 
 }  // namespace tallyrun

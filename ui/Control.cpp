@@ -219,11 +219,6 @@ void Control::SetToolTip(const std::string& text) {
   if (window_ != nullptr && hasTip_) form_->ShowToolTip(*this);
 }
 
-void Control::SetFontFace(const std::string& face) {
-  fontFace_ = face;
-  if (window_ != nullptr) ApplyFont(form_->Font(fontFace_));
-}
-
 void Control::ApplyFont(HFONT font) {
   if (window_ == nullptr) return;
   SendMessageA(window_, WM_SETFONT, reinterpret_cast<WPARAM>(font), IsWindowVisible(window_));

@@ -85,9 +85,6 @@ class Control {
   void SetToolTip(const std::string& text);
   const std::string& ToolTip() const { return toolTip_; }
 
-  // A face of its own instead of the form's; to be called before or after the window exists.
-  void SetFontFace(const std::string& face);
-  const std::string& FontFace() const { return fontFace_; }
   // Sets the font that the form made; the form keeps ownership.
   virtual void ApplyFont(HFONT font);
 
@@ -121,7 +118,6 @@ class Control {
   int id_ = 0;
   std::string toolTip_;
   bool hasTip_ = false;  // whether the form's tip window knows it
-  std::string fontFace_;
   // INSERT went down with Shift or Ctrl held, which pastes and copies in a text.
   bool insertIsClipboards_ = false;
 };

@@ -69,7 +69,7 @@ void Form::Load() {
   try {
     CreateFormWindow(owner_);
     CreateControls();
-    RefreshFonts();
+    RefreshFont();
     PlaceOnScreen(owner_);
   } catch (...) {
     loading_ = false;
@@ -130,7 +130,7 @@ void Form::WindowGone() {
   lastFocus_ = nullptr;
   toolTips_.Forget();
   controls_.clear();
-  fonts_.clear();
+  font_.Reset();
   minimum_ = {};
   pointer_ = PointerShape::Normal;
   closePending_ = false;
@@ -152,17 +152,15 @@ void Form::EnableControls(bool enabled) {
   for (Control* control : controls_) control->SetEnabled(enabled);
 }
 
-HFONT Form::Font(const std::string& face) {
-  const std::string& wanted = face.empty() ? options_.fontFace : face;
-  UniqueFont& font = fonts_[wanted];
-  if (!font) font = MakeMessageFont(dpi_, wanted);
-  return font.Get();
+HFONT Form::Font() {
+  if (!font_) font_ = MakeMessageFont(dpi_, options_.fontFace);
+  return font_.Get();
 }
 
-void Form::RefreshFonts() {
-  // The old fonts live until every control has its new one.
-  const auto former = std::exchange(fonts_, {});
-  for (Control* control : controls_) control->ApplyFont(Font(control->FontFace()));
+void Form::RefreshFont() {
+  // The old one lives until every control has the new one.
+  const UniqueFont former = std::exchange(font_, UniqueFont());
+  for (Control* control : controls_) control->ApplyFont(Font());
   toolTips_.ApplyFont(Font(), dpi_);
 }
 
@@ -187,7 +185,7 @@ void Form::Relayout() {
 
 void Form::Adopt(Control& control) {
   controls_.push_back(&control);
-  if (!loading_) control.ApplyFont(Font(control.FontFace()));
+  if (!loading_) control.ApplyFont(Font());
 }
 
 void Form::Disown(Control& control) {

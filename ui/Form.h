@@ -6,7 +6,6 @@
 #include <windows.h>
 
 #include <functional>
-#include <map>
 #include <string>
 #include <vector>
 
@@ -67,8 +66,8 @@ class Form : public BusyWindow, public ControlParent {
   int Dpi() const { return dpi_; }
   // Pixels at 96 DPI to pixels of this form.
   int Scale(int pixelsAt96) const { return ScaleForDpi(pixelsAt96, dpi_); }
-  // The form's font, or the same in another face; owned by the form, until the DPI changes.
-  HFONT Font(const std::string& face = "");
+  // The form's font, which it owns until the DPI changes.
+  HFONT Font();
   // Measures texts in the form's font.
   TextMeasurer Measurer() { return MeasurerFor(Font(), dpi_); }
   SIZE MinimumClientSize() const { return minimum_; }
@@ -149,7 +148,7 @@ class Form : public BusyWindow, public ControlParent {
   void OnDpiChanged(int dpi, const RECT& suggested);
   void RestoreFocus();
   void RepairFocus();
-  void RefreshFonts();
+  void RefreshFont();
 
   const char* name_;
   FormOptions options_;
@@ -159,7 +158,7 @@ class Form : public BusyWindow, public ControlParent {
   PointerShape pointer_ = PointerShape::Normal;
   POINT pointerAtShow_ = {};
   int dpi_ = kDefaultDpi;
-  std::map<std::string, UniqueFont> fonts_;  // by face
+  UniqueFont font_;
   ToolTips toolTips_;
   std::vector<Control*> controls_;  // members of the derived class, in the order of creation
   std::vector<HWND> disabledByModal_;

@@ -71,7 +71,7 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       return 0;
     case WM_SETTINGCHANGE:
       if (wParam == SPI_SETNONCLIENTMETRICS) {
-        RefreshFonts();
+        RefreshFont();
         Relayout();
         RunHandler([this] { Form_Resize(); });
       }
@@ -147,7 +147,7 @@ void Form::OnMinMaxInfo(MINMAXINFO& limits) const {
 
 void Form::OnDpiChanged(int dpi, const RECT& suggested) {
   dpi_ = dpi;
-  RefreshFonts();
+  RefreshFont();
   Relayout();
   SIZE size = {suggested.right - suggested.left, suggested.bottom - suggested.top};
   // Fonts don't grow as evenly as the suggestion has it.

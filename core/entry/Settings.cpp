@@ -43,29 +43,29 @@ void ReadLine(std::string_view line, BrokerSettings& settings) {
 
 // The value is read anew after the dialog, which may have changed it.
 void RequireNumericField(const std::string& value, int digits, const std::string& caption,
-                         SettingsDialogOpener openDialog) {
+                         const SettingsDialog& showDialog) {
   if (ValidateNumericField(value, digits, caption)) return;
-  openDialog();
+  showDialog();
   if (!ValidateNumericField(value, digits, caption)) ThePlatform().EndProgram();
 }
 
-void RequireBackupLocation(SettingsDialogOpener openDialog) {
+void RequireBackupLocation(const SettingsDialog& showDialog) {
   if (FolderExists(Settings.backupLocation)) return;
   TellInvalidBackupLocation();
-  openDialog();
+  showDialog();
   if (FolderExists(Settings.backupLocation)) return;
   Tell("Backup Location was not provided properly.", "Invalid Backup Location",
        MessageIcon::Critical);
   ThePlatform().EndProgram();
 }
 
-void ReadAndCheckSettings(SettingsDialogOpener openDialog) {
+void ReadAndCheckSettings(const SettingsDialog& showDialog) {
   Settings = {};
   ReadSettingsText(ReadWholeFile(SettingsPath()), Settings);
-  RequireNumericField(Settings.brokerId, kBrokerIdDigits, kBrokerIdKey, openDialog);
-  RequireNumericField(Settings.clearingBoid, kBoidDigits, kClearingBoidKey, openDialog);
-  RequireNumericField(Settings.boidFormat, kBoidDigits, kBoidFormatCaption, openDialog);
-  RequireBackupLocation(openDialog);
+  RequireNumericField(Settings.brokerId, kBrokerIdDigits, kBrokerIdKey, showDialog);
+  RequireNumericField(Settings.clearingBoid, kBoidDigits, kClearingBoidKey, showDialog);
+  RequireNumericField(Settings.boidFormat, kBoidDigits, kBoidFormatCaption, showDialog);
+  RequireBackupLocation(showDialog);
   LoadLists();
 }
 
@@ -95,9 +95,9 @@ std::string SettingsText(const BrokerSettings& settings) {
   return text;
 }
 
-void LoadSettings(SettingsDialogOpener openDialog) {
+void LoadSettings(const SettingsDialog& showDialog) {
   try {
-    ReadAndCheckSettings(openDialog);
+    ReadAndCheckSettings(showDialog);
   } catch (const RuntimeError& error) {
     if (error.Kind() != ErrorKind::FileNotFound) {
       ShowError(error);

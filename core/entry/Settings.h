@@ -1,6 +1,7 @@
 // The broker's settings: the record in force, the file beside the program, and the checks.
 #pragma once
 
+#include <functional>
 #include <string>
 #include <string_view>
 
@@ -29,12 +30,13 @@ std::string WithTrailingBackslash(std::string folder);
 void ReadSettingsText(std::string_view text, BrokerSettings& settings);
 std::string SettingsText(const BrokerSettings& settings);
 
-// Opens the settings dialog modally; given by Main, so that nothing here knows of windows.
-using SettingsDialogOpener = void (*)();
+// Shows the settings dialog until it is closed; given by Main, so that nothing here knows of
+// windows.
+using SettingsDialog = std::function<void()>;
 
 // Reads the settings file into `Settings`, checks every value (opening the dialog once for each
 // bad one, ending the program when it stays bad) and loads both lists. Shows its own messages.
-void LoadSettings(SettingsDialogOpener openDialog);
+void LoadSettings(const SettingsDialog& showDialog);
 
 // Writes `Settings` to the file and says so, or shows the error.
 void SaveSettings();

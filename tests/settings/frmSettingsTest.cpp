@@ -1,68 +1,108 @@
-// The settings dialog as a real window.
+// The settings dialog as a real window: what saving does in every outcome, and the folder picker.
 #include "settings/frmSettings.h"
+#include "settings/frmSettingsIds.h"
 #include "tests/support/FormDriver.h"
 #include "tests/support/ProgramFixture.h"
 
 namespace tallyrun::testing {
 namespace {
 
+using namespace frmSettingsIds;
+
+constexpr char kBoid[] = "1201090000000001";
+constexpr char kFormat[] = "1201090000000000";
+
 struct frmSettingsTest : ProgramFixture {
   frmSettingsTest() {
-    platform.programFolder = folder.Path().substr(0, folder.Path().size() - 1);
-    folder.Write("BO.txt", "S/N~BO ID~BO Name~Client Code\r");
-    folder.Write("ISIN.txt", "S/N~ISIN Code~ISIN Name~Scrip ID~Scrip Code\r");
+    platform.programFolder = program / "";
+    platform.programFolder.pop_back();
+    folder.Write("BO.txt", "S/N~BO ID~BO Name~Client Code\r\n1~1201~First~C1\r");
+    Settings = kFormer;
     form.Show();
   }
 
+  Control& On(int id) { return ControlOf(form, id); }
+  void Save(const BrokerSettings& typed) {
+    On(kTxtBrokerID).SetText(typed.brokerId);
+    On(kTxtClearingBOID).SetText(typed.clearingBoid);
+    On(kTxtDefaultBOIDFormat).SetText(typed.boidFormat);
+    On(kTxtBackupPath).SetText(typed.backupLocation);
+    ClickOn(On(kBtnSave));
+  }
+
+  const BrokerSettings kFormer = {"000000", "1", "2", "C:\\former\\"};
+  TempFolder program;
   frmSettings form;
 };
 
 TEST_F(frmSettingsTest, OpensWithTheSettingsAsTheyStand) {
   EXPECT_EQ(form.Caption(), "Tallyrun v1.0 : Settings");
-  const std::tuple<const Label&, const TextBox&, std::string, std::string> rows[] = {
-      {form.lblBrokerID, form.txtBrokerID, "Broker ID :", "123456"},
-      {form.lblClearingBOID, form.txtClearingBOID, "Clearing BOID :", "1201950000009999"},
-      {form.lblDefaultBOIDFormat, form.txtDefaultBOIDFormat, "BOID Format :", "1201950000000000"},
-      {form.lblBackupPath, form.txtBackupPath, "Backup Location :", folder.Path()},
+  const std::tuple<int, int, std::string, std::string> rows[] = {
+      {kLblBrokerID, kTxtBrokerID, "Broker ID :", kFormer.brokerId},
+      {kLblClearingBOID, kTxtClearingBOID, "Clearing BOID :", kFormer.clearingBoid},
+      {kLblDefaultBOIDFormat, kTxtDefaultBOIDFormat, "BOID Format :", kFormer.boidFormat},
+      {kLblBackupPath, kTxtBackupPath, "Backup Location :", kFormer.backupLocation},
   };
   int above = 0;
   for (const auto& [label, box, caption, value] : rows) {
-    EXPECT_EQ(label.Text(), caption);
-    EXPECT_EQ(box.Text(), value);
-    EXPECT_GT(box.Bounds().y, above);
-    EXPECT_EQ(label.Bounds().y, above = box.Bounds().y);
+    EXPECT_EQ(On(label).Text(), caption);
+    EXPECT_EQ(On(box).Text(), value);
+    EXPECT_GT(On(box).Bounds().y, above);
+    EXPECT_EQ(On(label).Bounds().y, above = On(box).Bounds().y);
   }
 }
 
-TEST_F(frmSettingsTest, SaveTrimsTheBoxesAlsoWhenAValueIsRefused) {
-  form.txtBrokerID.SetText("  654321 ");
-  form.txtClearingBOID.SetText(" 12 ");
-  ClickOn(form.btnSave);
-  EXPECT_EQ(platform.TakeMessage().title, "Wrong Clearing BOID");
-  EXPECT_EQ(form.txtBrokerID.Text(), "654321");
-  EXPECT_EQ(Settings.brokerId, "123456");
-
-  form.txtClearingBOID.SetText(Settings.clearingBoid);
-  ClickOn(form.btnSave);
-  EXPECT_EQ(platform.TakeMessage(), (Message{"Settings saved successfully.", "Saved successfully.",
-                                             MessageIcon::Information}));
-  EXPECT_EQ(Settings.brokerId, "654321");
+TEST_F(frmSettingsTest, GoodValuesAreStoredWrittenAndLoadTheLists) {
+  // Without its last backslash, as the folder picker gives it, the location is held with one.
+  std::string location = folder.Path();
+  location.pop_back();
+  Save({" 123456 ", kBoid, kFormat, "  " + location});
+  EXPECT_EQ(Settings, (BrokerSettings{"123456", kBoid, kFormat, folder.Path()}));
+  EXPECT_EQ(program.Read("Tallyrun.ini"), SettingsText(Settings));
+  EXPECT_EQ(BoList.Count(), 2);
+  // The list that is missing is told after the confirmation.
+  ASSERT_EQ(platform.messages.size(), 2u);
+  EXPECT_EQ(platform.messages[0], (Message{"Settings saved successfully.", "Saved successfully.",
+                                           MessageIcon::Information}));
+  EXPECT_EQ(platform.messages[1].title, "Error loading list of ISINs.");
   EXPECT_TRUE(form.IsLoaded());
+  // A file that cannot be written still loads the lists of the new location.
+  platform.programFolder += "\\missing";
+  BoList = {};
+  Save({"123456", kBoid, kFormat, folder.Path()});
+  EXPECT_EQ(platform.messages[2].text, "Path not found");
+  EXPECT_EQ(BoList.Count(), 2);
+}
+
+TEST_F(frmSettingsTest, TheFirstBadValueIsRefusedAndNothingChangesButTheBlanks) {
+  const std::pair<BrokerSettings, const char*> cases[] = {
+      {{" 12345 ", "1", "1", ""}, "Wrong Broker ID"},
+      {{"123456", "", "1", ""}, "Wrong Clearing BOID"},
+      {{"123456", kBoid, "120109000000000-", ""}, "Wrong BOID Format"},
+      {{"123456", kBoid, kFormat, ""}, "Invalid Backup Location"},
+      {{"123456", kBoid, kFormat, folder / "missing"}, "Invalid Backup Location"}};
+  for (const auto& [typed, title] : cases) {
+    Save(typed);
+    EXPECT_EQ(platform.TakeMessage().title, title);
+    EXPECT_EQ(On(kTxtBrokerID).Text(), Trim(typed.brokerId));
+    EXPECT_EQ(Settings, kFormer);
+    EXPECT_EQ(program.EntryCount(), 0);
+  }
 }
 
 TEST_F(frmSettingsTest, EveryControlHasItsPlaceAtEveryDpi) { ExpectControlsApart(form); }
 
 TEST_F(frmSettingsTest, BrowseTakesTheFolderAndCancelKeepsTheTypedOne) {
-  form.txtBackupPath.SetText(" C:\\typed ");
-  ClickOn(form.btnSetBackupLocation);
+  On(kTxtBackupPath).SetText(" C:\\typed ");
+  ClickOn(On(kBtnSetBackupLocation));
   ASSERT_EQ(platform.folderRequests.size(), 1u);
   EXPECT_EQ(platform.folderRequests[0].prompt, "Select a backup location.");
   EXPECT_EQ(platform.folderRequests[0].startFolder, "C:\\typed");
-  EXPECT_EQ(form.txtBackupPath.Text(), " C:\\typed ");
+  EXPECT_EQ(On(kTxtBackupPath).Text(), " C:\\typed ");
 
   platform.folders.push_back("C:\\chosen");
-  ClickOn(form.btnSetBackupLocation);
-  EXPECT_EQ(form.txtBackupPath.Text(), "C:\\chosen");
+  ClickOn(On(kBtnSetBackupLocation));
+  EXPECT_EQ(On(kTxtBackupPath).Text(), "C:\\chosen");
 }
 
 }  // namespace

@@ -8,8 +8,11 @@
 
 #include "tests/support/FormDriver.h"
 #include "tests/support/RecordingPlatform.h"
-#include "ui/Controls.h"
+#include "ui/Button.h"
+#include "ui/DatePicker.h"
 #include "ui/Form.h"
+#include "ui/ListControls.h"
+#include "ui/TextBox.h"
 
 namespace tallyrun::testing {
 
