@@ -82,8 +82,6 @@ void frmMain::Form_Unload() {
 void frmMain::Form_Resize() { cellEditor_.Close(); }
 
 void frmMain::SetupEntryGrid() {
-  dayOfStart_ = DateOf(ThePlatform().Now());
-
   FlexGrid& grid = Grid();
   grid.SetRows(2);
   grid.SetCols(EntryColumn::kCount);
@@ -100,7 +98,9 @@ void frmMain::SetupEntryGrid() {
 
   SkipNextLoad = false;
   optPayIn.SetValue(true);
-  dtpPayInOrPayOut.SetValue(dayOfStart_);
+  const Date today = DateOf(ThePlatform().Now());
+  dtpDate.SetValue(today);
+  dtpPayInOrPayOut.SetValue(today);
 }
 
 void frmMain::Form_KeyUp(KeyEvent& key) {
@@ -221,26 +221,12 @@ void frmMain::ShowCellEditor() {
   const int row = Grid().Row();
   const int col = Grid().Col();
   if (row < 1) return;  // a sheet without rows has no cell to edit
-  CreateCellEditors();
   if (IsDateColumn(col)) {
     if (const std::optional<Date> date = EditorDateFor(Grid(), row, col)) dtpDate.SetValue(*date);
     cellEditor_.Open(dtpDate);
   } else {
     cellEditor_.Open(txtEditor, EditorTextFor(Grid(), row, col));
   }
-}
-
-// Made with the first edit, as the system makes a calendar with every date picker, and the start
-// need not wait for it. They lie over the sheet.
-void frmMain::CreateCellEditors() {
-  if (txtEditor.Handle() != nullptr) return;
-  txtEditor.Create(*this, frmMainIds::kTxtEditor);
-  txtEditor.SetVisible(false);
-  txtEditor.PutBehind(chkFreeEntry);
-  dtpDate.Create(*this, frmMainIds::kDtpDate);
-  dtpDate.SetVisible(false);
-  dtpDate.PutBehind(txtEditor);
-  dtpDate.SetValue(dayOfStart_);
 }
 
 void frmMain::cellEditor_Keep() {

@@ -79,7 +79,6 @@ class frmMain : public Form {
 
   void AddRowAtTradeDate();
   void ShowCellEditor();
-  void CreateCellEditors();
 
   FlexGrid& Grid() { return flxEntries.Grid(); }
   Date PickedDay() const;
@@ -119,7 +118,6 @@ class frmMain : public Form {
   frmSettings settingsWindow_;
   bool SkipNextLoad = false;  // set when the clerk declined a change of mode
   int copyRow_ = 0;           // the row last copied from; 0 when none was
-  Date dayOfStart_;           // what the date editor stands on before its first cell
 };
 
 }  // namespace tallyrun

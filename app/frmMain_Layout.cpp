@@ -29,6 +29,11 @@ void frmMain::CreateControls() {
   btnSearch.Create(*this, kBtnSearch, "Search");
   chkFreeEntry.Create(*this, kChkFreeEntry, "Free Entry",
                       "Check to enter anything anywhere in the above table.");
+  // The editors lie over the sheet, so they are made before it.
+  txtEditor.Create(*this, kTxtEditor);
+  txtEditor.SetVisible(false);
+  dtpDate.Create(*this, kDtpDate);
+  dtpDate.SetVisible(false);
   flxEntries.Create(*this, kFlxEntries);
   btnAutoFields.Create(*this, kBtnAutoFields, "Auto-Fill",
                        "Fill the automatic fields i.e. Broker ID, Clearing BOID, Deliver Date, "

@@ -17,13 +17,6 @@ Control* focused = nullptr;
 // The controls by their windows.
 std::unordered_map<HWND, Control*> controlsByWindow;
 
-bool HasBorder(HWND window) {
-  constexpr LONG kBorders = WS_BORDER | WS_DLGFRAME | WS_THICKFRAME | WS_HSCROLL | WS_VSCROLL;
-  constexpr LONG kEdges = WS_EX_CLIENTEDGE | WS_EX_STATICEDGE | WS_EX_WINDOWEDGE;
-  return (GetWindowLongA(window, GWL_STYLE) & kBorders) != 0 ||
-         (GetWindowLongA(window, GWL_EXSTYLE) & kEdges) != 0;
-}
-
 // The window that has the keyboard, or the one a calendar or menu dropped down from.
 HWND ActiveFormWindow() {
   const HWND active = GetActiveWindow();
@@ -77,7 +70,6 @@ void Control::CreateControl(ControlParent& parent, const char* windowClass, cons
   window_ = window;
   controlsByWindow[window] = this;
   classProc_.Precede(window, &WindowProc);
-  hasTip_ = false;
   form_->Adopt(*this);
 }
 
@@ -129,15 +121,7 @@ LRESULT Control::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       RaiseKeyUp(key);
       return key.handled ? 0 : Default(message, wParam, lParam);
     }
-    case WM_NCPAINT:
-      // Most controls are all client area; fetching a device context to draw no border adds up.
-      return HasBorder(window_) ? Default(message, wParam, lParam) : 0;
     case WM_SETCURSOR:
-      // The mouse has come: soon enough for a tip, which start-up need not wait for.
-      if (!hasTip_ && !toolTip_.empty() && form_->PointerHasMoved()) {
-        hasTip_ = true;
-        form_->ShowToolTip(*this);
-      }
       // Before the control's own: a header or an edit would set its pointer over the hourglass.
       if (LOWORD(lParam) == HTCLIENT && form_->HoldPointer()) return TRUE;
       return Default(message, wParam, lParam);
@@ -204,10 +188,6 @@ PixelRect Control::Bounds() const {
   return {rect.left, rect.top, rect.right - rect.left, rect.bottom - rect.top};
 }
 
-void Control::PutBehind(const Control& other) {
-  SetWindowPos(window_, other.window_, 0, 0, 0, 0, SWP_NOMOVE | SWP_NOSIZE | SWP_NOACTIVATE);
-}
-
 void Control::Move(const PixelRect& bounds) {
   if (window_ == nullptr) return;
   SetWindowPos(window_, nullptr, bounds.x, bounds.y, bounds.width, WindowHeightFor(bounds.height),
@@ -216,7 +196,7 @@ void Control::Move(const PixelRect& bounds) {
 
 void Control::SetToolTip(const std::string& text) {
   toolTip_ = text;
-  if (window_ != nullptr && hasTip_) form_->ShowToolTip(*this);
+  if (window_ != nullptr) form_->ShowToolTip(*this);
 }
 
 void Control::ApplyFont(HFONT font) {

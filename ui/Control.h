@@ -73,8 +73,6 @@ class Control {
   // Pixels of the parent's client area.
   PixelRect Bounds() const;
   void Move(const PixelRect& bounds);
-  // Lies right under `other` from now on and comes after it by Tab.
-  void PutBehind(const Control& other);
   // The form is about to show: what was put off until the first paint is better done unseen.
   virtual void OnShowing() {}
   // The width in pixels that what it shows takes in a row; 0 where that says nothing.
@@ -117,7 +115,6 @@ class Control {
   Form* form_ = nullptr;
   int id_ = 0;
   std::string toolTip_;
-  bool hasTip_ = false;  // whether the form's tip window knows it
   // INSERT went down with Shift or Ctrl held, which pastes and copies in a text.
   bool insertIsClipboards_ = false;
 };

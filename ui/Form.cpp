@@ -82,7 +82,6 @@ void Form::Load() {
 
 void Form::Show() {
   Load();
-  GetCursorPos(&pointerAtShow_);
   for (Control* control : controls_) control->OnShowing();
   ShowWindow(window_, IsIconic(window_) ? SW_RESTORE : SW_SHOW);
   SetForegroundWindow(window_);
@@ -183,10 +182,7 @@ void Form::Relayout() {
   area.Apply();
 }
 
-void Form::Adopt(Control& control) {
-  controls_.push_back(&control);
-  if (!loading_) control.ApplyFont(Font());
-}
+void Form::Adopt(Control& control) { controls_.push_back(&control); }
 
 void Form::Disown(Control& control) {
   std::erase(controls_, &control);

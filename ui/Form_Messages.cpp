@@ -164,12 +164,6 @@ bool Form::HoldPointer() const {
   return true;
 }
 
-bool Form::PointerHasMoved() const {
-  POINT at = {};
-  GetCursorPos(&at);
-  return at.x != pointerAtShow_.x || at.y != pointerAtShow_.y;
-}
-
 void Form::SetPointer(PointerShape shape) {
   pointer_ = shape;
   POINT at = {};
