@@ -92,12 +92,11 @@ void frmMain::SetupEntryGrid() {
   }
   ClearEntryGrid(grid);
 
-  cmbSearch.Clear();
   for (const SearchColumn& column : kSearchColumns) cmbSearch.AddItem(column.caption);
   cmbSearch.SetListIndex(0);
 
   SkipNextLoad = false;
-  optPayIn.SetValue(true);
+  optPayIn.TurnOn();
   const Date today = DateOf(ThePlatform().Now());
   dtpDate.SetValue(today);
   dtpPayInOrPayOut.SetValue(today);
@@ -138,7 +137,7 @@ void frmMain::SwitchMode(const EntryModeTexts& mode, const std::string& importCa
   if (leavesOtherMode && !IsGridEmpty(Grid())) {
     if (!ConfirmLoading()) {
       SkipNextLoad = true;
-      other.SetValue(true);
+      other.TurnOn();
       other.SetFocus();
       return;
     }
@@ -172,7 +171,7 @@ void frmMain::btnLoadFromBTFile_Click() {
   dtpPayInOrPayOut.SetValue(name->day);
   // A day that the picker cannot show would leave the rows under another one.
   if (PickedDay() != name->day) throw RuntimeError(ErrorKind::InvalidCall);
-  (name->mode == kPayIn ? optPayIn : optPayOut).SetValue(true);
+  (name->mode == kPayIn ? optPayIn : optPayOut).TurnOn();
   if (TakeSkipNextLoad()) return;
   if (!LoadTradeFile(Grid(), *path, TradeSideOf(EntryMode))) return;
   SortEntries(Grid());

@@ -165,7 +165,7 @@ void frmList::btnDelete_Backup_Click() {
   const int index = lstBackups.ListIndex();
   if (index < 0 || !DeleteBackup(CurrentListKind, lstBackups.ItemText(index))) return;
   lstBackups.RemoveItem(index);
-  if (lstBackups.ListCount() > 0) lstBackups.SetListIndex(0);
+  lstBackups.SetListIndex(0);
 }
 
 void frmList::SetupListGrid() {
@@ -207,7 +207,7 @@ void frmList::FillBackupList() {
   // With nothing to list, what was listed last stays.
   if (entries.empty()) return;
   lstBackups.SetItems(entries);
-  lstBackups.SetListIndex(lstBackups.ListCount() - 1);
+  lstBackups.SetListIndex(static_cast<int>(entries.size()) - 1);
 }
 
 std::string frmList::ChosenKind() const { return cmbListOf.ListIndex() == 0 ? kBoKind : kIsinKind; }

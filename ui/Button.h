@@ -4,6 +4,7 @@
 #include <string>
 
 #include "ui/Control.h"
+#include "ui/Layout.h"
 
 namespace tallyrun {
 
@@ -13,41 +14,37 @@ class Button : public Control {
 
   void Create(ControlParent& parent, int id, const std::string& caption,
               const std::string& toolTip = "");
-  int WidthIn(const LayoutArea& area) const override;
+  int WidthIn(const LayoutArea& area) const override { return area.ButtonWidth(Text()); }
+
+ protected:
   void OnCommand(int code) override;
 };
 
 // One of a group; an option created right after another one joins its group.
 class OptionButton : public Control {
  public:
-  // Raised when the option turns from off to on, by the clerk or by SetValue.
+  // Raised when the option turns from off to on, by the clerk or by TurnOn.
   Event<> Click;
 
-  void Create(ControlParent& parent, int id, const std::string& caption,
-              const std::string& toolTip = "");
+  void Create(ControlParent& parent, int id, const std::string& caption);
   bool Value() const;
-  // Turning it on turns the others of its parent off.
-  void SetValue(bool on);
-  int WidthIn(const LayoutArea& area) const override;
+  // Turns the others of its parent off. Does nothing when it is on.
+  void TurnOn();
+  int WidthIn(const LayoutArea& area) const override { return area.OptionWidth(Text()); }
+
+ protected:
   void OnCommand(int code) override;
 
  private:
-  void TurnOn();
-
   bool wasOn_ = false;  // what the clerk's click has to be told from
 };
 
 class CheckBox : public Control {
  public:
-  // Raised whenever the mark changes, by the clerk or by SetValue.
-  Event<> Click;
-
   void Create(ControlParent& parent, int id, const std::string& caption,
-              const std::string& toolTip = "");
+              const std::string& toolTip);
   bool Value() const;
-  void SetValue(bool on);
-  int WidthIn(const LayoutArea& area) const override;
-  void OnCommand(int code) override;
+  int WidthIn(const LayoutArea& area) const override { return area.OptionWidth(Text()); }
 };
 
 }  // namespace tallyrun

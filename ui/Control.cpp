@@ -39,10 +39,8 @@ namespace focus {
 
 void Took(Control& control) {
   if (focused == &control) return;
-  Control* const former = focused;
-  focused = &control;
+  Control* const former = std::exchange(focused, &control);
   if (former != nullptr) former->LostFocus.Raise();
-  if (focused == &control) control.GotFocus.Raise();
 }
 
 void Forget(const Control& control) {
@@ -58,13 +56,13 @@ Control::~Control() {
   DestroyWindow(window_);
 }
 
-void Control::CreateControl(ControlParent& parent, const char* windowClass, const std::string& text,
-                            DWORD style, DWORD extendedStyle, int id) {
+void Control::CreateControl(ControlParent& parent, int id, const char* windowClass,
+                            const std::string& text, DWORD style, DWORD extendedStyle) {
   form_ = &parent.ParentForm();
   id_ = id;
   const HWND window = CreateWindowExA(
-      extendedStyle, windowClass, text.c_str(), style | WS_CHILD | WS_CLIPSIBLINGS, 0, 0, 0, 0,
-      parent.ParentHandle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
+      extendedStyle, windowClass, text.c_str(), style | WS_CHILD | WS_VISIBLE | WS_CLIPSIBLINGS, 0,
+      0, 0, 0, parent.ParentHandle(), reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)),
       GetModuleHandleA(nullptr), nullptr);
   if (window == nullptr) throw RuntimeError(ErrorKind::OutOfMemory);
   window_ = window;
@@ -136,9 +134,16 @@ void Control::RaiseKeyUp(KeyEvent& key) {
   (KeyUp.HasHandler() ? KeyUp : form_->KeyUp).Raise(key);
 }
 
-void Control::OnCommand(int) {}
-
-LRESULT Control::OnNotify(NMHDR&) { return 0; }
+std::optional<LRESULT> Control::Reflect(UINT message, WPARAM wParam, LPARAM lParam) {
+  auto* const notification = reinterpret_cast<NMHDR*>(lParam);
+  const bool isCommand = message == WM_COMMAND;
+  Control* const control =
+      FromHandle(isCommand ? reinterpret_cast<HWND>(lParam) : notification->hwndFrom);
+  if (control == nullptr) return std::nullopt;
+  if (!isCommand) return control->OnNotify(*notification);
+  control->OnCommand(HIWORD(wParam));
+  return 0;
+}
 
 std::string Control::Text() const {
   if (window_ == nullptr) return {};

@@ -7,10 +7,11 @@
 
 #include <commctrl.h>
 
+#include <optional>
 #include <string>
 
-#include "ui/ClassProc.h"
 #include "ui/Event.h"
+#include "ui/WindowClass.h"
 
 namespace tallyrun {
 
@@ -43,9 +44,8 @@ class Control {
   Control& operator=(const Control&) = delete;
   virtual ~Control();
 
-  // Raised when the control got the focus, or when another control of the program took it.
-  // A message box, another program or a drop-down calendar in front takes nothing.
-  Event<> GotFocus;
+  // Another control of the program took the focus. A message box, another program or a drop-down
+  // calendar in front takes nothing.
   Event<> LostFocus;
   // `handled` in KeyDown and KeyPress keeps the key from the control. A release that the control
   // has no handler for goes to its form.
@@ -89,14 +89,17 @@ class Control {
   // The control whose window this is, or null.
   static Control* FromHandle(HWND window);
 
-  // Notifications that the parent hands back to the control they come from.
-  virtual void OnCommand(int code);
-  virtual LRESULT OnNotify(NMHDR& notification);
+  // Hands a WM_COMMAND or WM_NOTIFY that has come to the parent back to the control it comes from.
+  // Gives back the control's answer, or nothing when it comes from none of ours.
+  static std::optional<LRESULT> Reflect(UINT message, WPARAM wParam, LPARAM lParam);
 
  protected:
-  // Makes the window. Controls made earlier lie over later ones and come first by Tab.
-  void CreateControl(ControlParent& parent, const char* windowClass, const std::string& text,
-                     DWORD style, DWORD extendedStyle, int id);
+  // Makes the window, visible. Controls made earlier lie over later ones and come first by Tab.
+  void CreateControl(ControlParent& parent, int id, const char* windowClass,
+                     const std::string& text, DWORD style, DWORD extendedStyle = 0);
+  // The two notifications, handed back.
+  virtual void OnCommand(int) {}
+  virtual LRESULT OnNotify(NMHDR&) { return 0; }
   // Handles a message to the control's window; overriders pass on what is not theirs.
   virtual LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam);
   // What the window's own class does with the message.
@@ -122,7 +125,7 @@ class Control {
 // The key event of a key message, with the modifiers as they stand.
 KeyEvent KeyEventFrom(WPARAM wParam, LPARAM lParam);
 
-// The control that has the focus or had it last; tells both sides when it changes.
+// The control that has the focus or had it last; it is told when another one takes it.
 namespace focus {
 void Took(Control& control);
 void Forget(const Control& control);

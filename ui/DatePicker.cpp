@@ -1,19 +1,72 @@
 #include "ui/DatePicker.h"
 
+#include <algorithm>
+#include <chrono>
 #include <utility>
 
-#include "ui/EnglishMonths.h"
+#include "ui/Handles.h"
 
 namespace tallyrun {
 namespace {
 
-// The day, the month through a callback field, the year.
-constexpr char kFormat[] = "dd'-'XXX'-'yyyy";
+constexpr int kMonths = 12;
 
-// The same with the month as a fixed text.
-std::string FormatWithMonth(int month) {
-  return "dd'-" + std::string(EnglishMonth(month)) + "-'yyyy";
+// "Jan" for 1.
+std::string EnglishMonth(int month) { return FormatDdMmmYyyy({2000, month, 1}).substr(3, 3); }
+
+// The room that the widest month takes in `font`, in pixels.
+SIZE WidestMonth(HFONT font) {
+  const WindowDc screen(nullptr);
+  const SelectScope selected(screen.Get(), font);
+  SIZE widest = {};
+  for (int month = 1; month <= kMonths; ++month) {
+    const std::string name = EnglishMonth(month);
+    SIZE size = {};
+    GetTextExtentPoint32A(screen.Get(), name.data(), static_cast<int>(name.size()), &size);
+    widest = {std::max(widest.cx, size.cx), std::max(widest.cy, size.cy)};
+  }
+  return widest;
 }
+
+// The date in another month; the day stays within it.
+Date InMonth(const Date& date, int month) {
+  using namespace std::chrono;
+  const unsigned last{(year{date.year} / month / std::chrono::last).day()};
+  return {date.year, month, std::min(date.day, static_cast<int>(last))};
+}
+
+// `date` after the virtual key `key` in the month field: up and down step round the year, Home
+// and End go to its ends.
+Date MonthAfterKey(const Date& date, int key) {
+  switch (key) {
+    case VK_UP:
+    case VK_ADD:
+      return InMonth(date, date.month % kMonths + 1);
+    case VK_DOWN:
+    case VK_SUBTRACT:
+      return InMonth(date, (date.month + kMonths - 2) % kMonths + 1);
+    case VK_HOME:
+      return InMonth(date, 1);
+    case VK_END:
+      return InMonth(date, kMonths);
+    default:
+      return date;
+  }
+}
+
+// `date` in the next month that begins with `letter`, in either case; the same when none does.
+Date MonthBeginningWith(char letter, const Date& date) {
+  const std::string wanted = ToLower({&letter, 1});
+  for (int step = 0; step < kMonths; ++step) {
+    const int month = (date.month + step) % kMonths + 1;
+    if (ToLower(EnglishMonth(month)).starts_with(wanted)) return InMonth(date, month);
+  }
+  return date;
+}
+
+// The day, the month through a callback field, the year; the same with the month as a fixed text.
+constexpr char kFormat[] = "dd'-'XXX'-'yyyy";
+std::string FormatWithMonth(int month) { return "dd'-" + EnglishMonth(month) + "-'yyyy"; }
 
 SYSTEMTIME SystemTimeOf(const Date& date) {
   SYSTEMTIME time = {};
@@ -27,13 +80,11 @@ Date DateOf(const SYSTEMTIME& time) { return {time.wYear, time.wMonth, time.wDay
 
 }  // namespace
 
-void DatePicker::Create(ControlParent& parent, int id, const std::string& toolTip) {
-  CreateControl(parent, DATETIMEPICK_CLASSA, "",
-                WS_VISIBLE | WS_TABSTOP | WS_GROUP | DTS_SHORTDATEFORMAT, 0, id);
+void DatePicker::Create(ControlParent& parent, int id) {
+  CreateControl(parent, id, DATETIMEPICK_CLASSA, "", WS_TABSTOP | WS_GROUP | DTS_SHORTDATEFORMAT);
   month_ = MonthField::Unknown;
   SendMessageA(Handle(), DTM_SETFORMATA, 0, reinterpret_cast<LPARAM>(kFormat));
   told_ = Value();
-  SetToolTip(toolTip);
 }
 
 std::optional<Date> DatePicker::Value() const {
@@ -85,7 +136,7 @@ LRESULT DatePicker::OnNotify(NMHDR& notification) {
     case DTN_FORMATA: {
       month_ = MonthField::Asked;
       auto& format = reinterpret_cast<NMDATETIMEFORMATA&>(notification);
-      const std::string_view month = EnglishMonth(format.st.wMonth);
+      const std::string month = EnglishMonth(format.st.wMonth);
       month.copy(format.szDisplay, month.size());
       format.szDisplay[month.size()] = '\0';
       format.pszDisplay = format.szDisplay;

@@ -16,14 +16,14 @@ class DatePicker : public Control {
   // The clerk chose another date.
   Event<> Change;
 
-  void Create(ControlParent& parent, int id, const std::string& toolTip = "");
+  void Create(ControlParent& parent, int id);
   std::optional<Date> Value() const;
   // Raises no Change. A date that the picker cannot show leaves it as it is.
   void SetValue(const Date& date);
   int WidthIn(const LayoutArea& area) const override { return area.DateWidth(); }
-  LRESULT OnNotify(NMHDR& notification) override;
 
  protected:
+  LRESULT OnNotify(NMHDR& notification) override;
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
   bool EditsText() const override { return true; }
 

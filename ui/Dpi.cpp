@@ -63,14 +63,7 @@ TextMeasurer MeasurerFor(HFONT font, int dpi) {
   const WindowDc screen(nullptr);
   const SelectScope selected(screen.Get(), font);
   std::array<int, 256> advances = {};
-  if (GetCharWidth32A(screen.Get(), 0, 255, advances.data()) == FALSE) {
-    for (std::size_t character = 0; character < advances.size(); ++character) {
-      const char text = static_cast<char>(character);
-      SIZE size = {};
-      GetTextExtentPoint32A(screen.Get(), &text, 1, &size);
-      advances[character] = size.cx;
-    }
-  }
+  GetCharWidth32A(screen.Get(), 0, 255, advances.data());
   return TextMeasurer(advances, dpi);
 }
 

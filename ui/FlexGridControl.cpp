@@ -20,21 +20,6 @@ constexpr char kWindowClass[] = "TallyrunGrid";
 constexpr int kTextMargin = 6;  // as in the header
 constexpr int kRowSpace = 6;    // above and below a line of text, together
 
-void RegisterGridClass() {
-  WNDCLASSEXA windowClass = {};
-  windowClass.cbSize = sizeof windowClass;
-  const HINSTANCE program = GetModuleHandleA(nullptr);
-  if (GetClassInfoExA(program, kWindowClass, &windowClass) != FALSE) return;
-  windowClass = {};
-  windowClass.cbSize = sizeof windowClass;
-  windowClass.style = CS_DBLCLKS;
-  windowClass.lpfnWndProc = DefWindowProcA;
-  windowClass.hInstance = program;
-  windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
-  windowClass.lpszClassName = kWindowClass;
-  RegisterClassExA(&windowClass);
-}
-
 // Where the thumb of a bar of so many pixels stands, in steps of less than a pixel. A page of a
 // million rows moves it by none, and drawing a themed bar takes longer than drawing the rows.
 int ThumbStep(const SCROLLINFO& bar, int pixels) {
@@ -47,13 +32,11 @@ int ThumbStep(const SCROLLINFO& bar, int pixels) {
 
 FlexGridControl::~FlexGridControl() { grid_.SetObserver(nullptr); }
 
-void FlexGridControl::Create(ControlParent& parent, int id, const std::string& toolTip) {
-  RegisterGridClass();
-  CreateControl(parent, kWindowClass, "", WS_VISIBLE | WS_TABSTOP | WS_BORDER | WS_CLIPCHILDREN, 0,
-                id);
+void FlexGridControl::Create(ControlParent& parent, int id) {
+  RegisterWindowClass(kWindowClass, DefWindowProcA, CS_DBLCLKS);
+  CreateControl(parent, id, kWindowClass, "", WS_TABSTOP | WS_BORDER | WS_CLIPCHILDREN);
   header_.Create(Handle());
   grid_.SetObserver(this);
-  SetToolTip(toolTip);
 }
 
 void FlexGridControl::ApplyFont(HFONT font) {

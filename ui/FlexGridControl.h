@@ -29,7 +29,7 @@ class FlexGridControl : public Control, private GridObserver {
   // The first visible row or column has changed, whoever changed it; raised at once.
   Event<> Scroll;
 
-  void Create(ControlParent& parent, int id, const std::string& toolTip = "");
+  void Create(ControlParent& parent, int id);
 
   // The data; it outlives the window.
   FlexGrid& Grid() { return grid_; }

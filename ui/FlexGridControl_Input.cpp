@@ -17,26 +17,23 @@ constexpr UINT_PTR kDragTimer = 1;
 constexpr UINT kDragInterval = 50;  // milliseconds between rows while dragging past an edge
 
 std::optional<CaretMove> MoveOf(const KeyEvent& key) {
-  switch (key.key) {
-    case VK_LEFT:
-      return CaretMove::Left;
-    case VK_RIGHT:
-      return CaretMove::Right;
-    case VK_UP:
-      return CaretMove::Up;
-    case VK_DOWN:
-      return CaretMove::Down;
-    case VK_PRIOR:
-      return CaretMove::PageUp;
-    case VK_NEXT:
-      return CaretMove::PageDown;
-    case VK_HOME:
-      return key.control ? CaretMove::SheetStart : CaretMove::RowStart;
-    case VK_END:
-      return key.control ? CaretMove::SheetEnd : CaretMove::RowEnd;
-    default:
-      return std::nullopt;
+  constexpr struct {
+    int key;
+    CaretMove move, withControl;
+  } kMoves[] = {
+      {VK_LEFT, CaretMove::Left, CaretMove::Left},
+      {VK_RIGHT, CaretMove::Right, CaretMove::Right},
+      {VK_UP, CaretMove::Up, CaretMove::Up},
+      {VK_DOWN, CaretMove::Down, CaretMove::Down},
+      {VK_PRIOR, CaretMove::PageUp, CaretMove::PageUp},
+      {VK_NEXT, CaretMove::PageDown, CaretMove::PageDown},
+      {VK_HOME, CaretMove::RowStart, CaretMove::SheetStart},
+      {VK_END, CaretMove::RowEnd, CaretMove::SheetEnd},
+  };
+  for (const auto& each : kMoves) {
+    if (each.key == key.key) return key.control ? each.withControl : each.move;
   }
+  return std::nullopt;
 }
 
 // Where a request of the scroll bar leads; the owner clamps it. Positions are the scroll bar's.

@@ -4,7 +4,6 @@
 
 #include "core/Platform.h"
 #include "core/RuntimeError.h"
-#include "resources/ResourceIds.h"
 #include "ui/MessageLoop.h"
 
 namespace tallyrun {
@@ -198,24 +197,8 @@ const std::vector<Form*>& Form::LoadedForms() { return loadedForms; }
 
 bool Form::ProgramIsEnding() { return programIsEnding; }
 
-void Form::RegisterWindowClass() const {
-  WNDCLASSEXA windowClass = {};
-  windowClass.cbSize = sizeof windowClass;
-  const HINSTANCE program = GetModuleHandleA(nullptr);
-  if (GetClassInfoExA(program, name_, &windowClass) != FALSE) return;
-  windowClass = {};
-  windowClass.cbSize = sizeof windowClass;
-  windowClass.lpfnWndProc = WindowProc;
-  windowClass.hInstance = program;
-  windowClass.hIcon = LoadIconA(program, MAKEINTRESOURCEA(TALLYRUN_ICON));
-  windowClass.hCursor = LoadCursorA(nullptr, IDC_ARROW);
-  windowClass.hbrBackground = reinterpret_cast<HBRUSH>(COLOR_BTNFACE + 1);
-  windowClass.lpszClassName = name_;
-  RegisterClassExA(&windowClass);
-}
-
 void Form::CreateFormWindow(HWND owner) {
-  RegisterWindowClass();
+  RegisterWindowClass(name_, WindowProc);
   DWORD style = WS_OVERLAPPED | WS_CAPTION | WS_SYSMENU | WS_CLIPCHILDREN;
   if (options_.sizable) style |= WS_THICKFRAME | WS_MINIMIZEBOX | WS_MAXIMIZEBOX;
   // A form of fixed size is a dialog: no icon, and nothing to make it smaller or larger with.

@@ -132,7 +132,6 @@ class Form : public BusyWindow, public ControlParent {
 
   static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam,
                                      LPARAM lParam) noexcept;
-  void RegisterWindowClass() const;
   void CreateFormWindow(HWND owner);
   void PlaceOnScreen(HWND owner);
   SIZE ClientSize() const;

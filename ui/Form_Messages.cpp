@@ -3,7 +3,6 @@
 #include <algorithm>
 
 #include "ui/Form.h"
-#include "ui/Notifications.h"
 #include "ui/WindowGuard.h"
 
 namespace tallyrun {
@@ -45,7 +44,7 @@ LRESULT Form::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   switch (message) {
     case WM_COMMAND:
     case WM_NOTIFY:
-      if (const auto answer = ReflectNotification(message, wParam, lParam)) return *answer;
+      if (const auto answer = Control::Reflect(message, wParam, lParam)) return *answer;
       break;
     case WM_SIZE:
       OnSize(wParam);

@@ -5,24 +5,23 @@
 
 #include "core/RuntimeError.h"
 #include "ui/BufferedPaint.h"
-#include "ui/ClassProc.h"
 #include "ui/Handles.h"
 
 namespace tallyrun {
-namespace {
-
-ClassProc headerClass;  // the same for every header
 
 // Draws like the rows below: into a back buffer, so that nothing flickers while a column is
 // dragged. A press gives the grid the focus, and the right button is the grid's own.
-LRESULT CALLBACK HeaderProc(HWND window, UINT message, WPARAM wParam, LPARAM lParam) {
+LRESULT CALLBACK GridHeader::WindowProc(HWND window, UINT message, WPARAM wParam,
+                                        LPARAM lParam) noexcept {
+  const auto* const self =
+      reinterpret_cast<const GridHeader*>(GetWindowLongPtrA(window, GWLP_USERDATA));
   const HWND grid = GetParent(window);
   switch (message) {
     case WM_PAINT: {
       const PaintScope paint(window);
       const BufferedPaint buffer(paint.Dc(), paint.Dirty());
-      return headerClass.Call(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(buffer.Dc()),
-                              PRF_CLIENT | PRF_ERASEBKGND);
+      return self->classProc_.Call(window, WM_PRINTCLIENT, reinterpret_cast<WPARAM>(buffer.Dc()),
+                                   PRF_CLIENT | PRF_ERASEBKGND);
     }
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
@@ -39,16 +38,15 @@ LRESULT CALLBACK HeaderProc(HWND window, UINT message, WPARAM wParam, LPARAM lPa
     default:
       break;
   }
-  return headerClass.Call(window, message, wParam, lParam);
+  return self->classProc_.Call(window, message, wParam, lParam);
 }
-
-}  // namespace
 
 void GridHeader::Create(HWND grid) {
   window_ = CreateWindowExA(0, WC_HEADERA, "", WS_CHILD | WS_VISIBLE | HDS_HORZ | HDS_FULLDRAG, 0,
                             0, 0, 0, grid, nullptr, GetModuleHandleA(nullptr), nullptr);
   if (window_ == nullptr) throw RuntimeError(ErrorKind::OutOfMemory);
-  headerClass.Precede(window_, &HeaderProc);
+  SetWindowLongPtrA(window_, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
+  classProc_.Precede(window_, &WindowProc);
 }
 
 void GridHeader::Forget() {

@@ -9,6 +9,7 @@
 
 #include "core/grid/FlexGrid.h"
 #include "core/grid/GridGeometry.h"
+#include "ui/WindowClass.h"
 
 namespace tallyrun {
 
@@ -36,7 +37,11 @@ class GridHeader {
     bool operator==(const Item&) const = default;
   };
 
+  static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam,
+                                     LPARAM lParam) noexcept;
+
   HWND window_ = nullptr;
+  ClassProc classProc_;
   int height_ = 0;
   bool following_ = false;
   std::vector<Item> items_;  // as the header shows them

@@ -106,29 +106,23 @@ void LayoutArea::Place(Control& control, const PixelRect& bounds) {
 
 void LayoutArea::Apply() {
   // A batch may only hold windows of one parent.
-  std::map<HWND, std::vector<const Placement*>> byParent;
-  for (Placement& placement : placements_) {
+  std::map<HWND, std::vector<Placement>> byParent;
+  for (const auto& [control, bounds] : placements_) {
     // Most controls stay where they are when the window grows or the mode changes.
-    if (placement.control->Bounds() == placement.bounds) continue;
-    placement.bounds.height = placement.control->WindowHeightFor(placement.bounds.height);
-    byParent[GetParent(placement.control->Handle())].push_back(&placement);
+    if (control->Bounds() == bounds) continue;
+    PixelRect to = bounds;
+    to.height = control->WindowHeightFor(bounds.height);
+    byParent[GetParent(control->Handle())].push_back({control, to});
   }
   // What comes free is erased when it is painted, once, and not with each move.
   constexpr UINT flags = SWP_NOZORDER | SWP_NOACTIVATE | SWP_DEFERERASE;
   for (const auto& [parent, placed] : byParent) {
     HDWP batch = BeginDeferWindowPos(static_cast<int>(placed.size()));
-    for (const Placement* placement : placed) {
-      const PixelRect& to = placement->bounds;
-      if (batch != nullptr) {
-        batch = DeferWindowPos(batch, placement->control->Handle(), nullptr, to.x, to.y, to.width,
-                               to.height, flags);
-      }
+    for (const auto& [control, to] : placed) {
+      batch =
+          DeferWindowPos(batch, control->Handle(), nullptr, to.x, to.y, to.width, to.height, flags);
     }
-    if (batch != nullptr && EndDeferWindowPos(batch) != FALSE) continue;
-    for (const Placement* placement : placed) {
-      const PixelRect& to = placement->bounds;
-      SetWindowPos(placement->control->Handle(), nullptr, to.x, to.y, to.width, to.height, flags);
-    }
+    EndDeferWindowPos(batch);
   }
 }
 

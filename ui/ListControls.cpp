@@ -1,5 +1,7 @@
 #include "ui/ListControls.h"
 
+#include <algorithm>
+
 #include "ui/Form.h"
 
 namespace tallyrun {
@@ -7,52 +9,25 @@ namespace {
 
 constexpr int kItemsDroppedDown = 8;
 
-int Ask(HWND window, UINT message, WPARAM wParam = 0) {
-  return window == nullptr ? -1 : static_cast<int>(SendMessageA(window, message, wParam, 0));
-}
-
-void Add(HWND window, UINT message, const std::string& text) {
-  if (window == nullptr) return;
-  SendMessageA(window, message, 0, reinterpret_cast<LPARAM>(text.c_str()));
-}
-
-std::string ItemOf(HWND window, UINT lengthMessage, UINT textMessage, int index) {
-  const int length = index < 0 ? -1 : Ask(window, lengthMessage, static_cast<WPARAM>(index));
-  if (length < 0) return {};
-  std::string text(static_cast<std::size_t>(length) + 1, '\0');
-  const LRESULT copied = SendMessageA(window, textMessage, static_cast<WPARAM>(index),
-                                      reinterpret_cast<LPARAM>(text.data()));
-  text.resize(copied < 0 ? 0 : static_cast<std::size_t>(copied));
-  return text;
+int Ask(const Control& control, UINT message, int index = 0, const char* text = nullptr) {
+  return static_cast<int>(SendMessageA(control.Handle(), message, static_cast<WPARAM>(index),
+                                       reinterpret_cast<LPARAM>(text)));
 }
 
 }  // namespace
 
-void ComboBox::Create(ControlParent& parent, int id, const std::string& toolTip) {
-  CreateControl(parent, WC_COMBOBOXA, "",
-                WS_VISIBLE | WS_TABSTOP | WS_GROUP | WS_VSCROLL | CBS_DROPDOWNLIST, 0, id);
-  selected_ = -1;
-  SetToolTip(toolTip);
-}
-
-void ComboBox::AddItem(const std::string& text) { Add(Handle(), CB_ADDSTRING, text); }
-
-void ComboBox::Clear() {
-  Ask(Handle(), CB_RESETCONTENT);
+void ComboBox::Create(ControlParent& parent, int id) {
+  CreateControl(parent, id, WC_COMBOBOXA, "",
+                WS_TABSTOP | WS_GROUP | WS_VSCROLL | CBS_DROPDOWNLIST);
   selected_ = -1;
 }
 
-int ComboBox::ListCount() const { return Handle() == nullptr ? 0 : Ask(Handle(), CB_GETCOUNT); }
-int ComboBox::ListIndex() const { return Ask(Handle(), CB_GETCURSEL); }
+void ComboBox::AddItem(const std::string& text) { Ask(*this, CB_ADDSTRING, 0, text.c_str()); }
+int ComboBox::ListIndex() const { return Ask(*this, CB_GETCURSEL); }
 
 void ComboBox::SetListIndex(int index) {
-  if (Handle() == nullptr) return;
-  Ask(Handle(), CB_SETCURSEL, static_cast<WPARAM>(index));
+  Ask(*this, CB_SETCURSEL, index);
   NoteSelection();
-}
-
-std::string ComboBox::ItemText(int index) const {
-  return ItemOf(Handle(), CB_GETLBTEXTLEN, CB_GETLBTEXT, index);
 }
 
 int ComboBox::WindowHeightFor(int height) {
@@ -61,7 +36,7 @@ int ComboBox::WindowHeightFor(int height) {
   if (Bounds().height != height) {
     SendMessageA(Handle(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height - border);
   }
-  return height + kItemsDroppedDown * Ask(Handle(), CB_GETITEMHEIGHT) + border;
+  return height + kItemsDroppedDown * Ask(*this, CB_GETITEMHEIGHT) + border;
 }
 
 void ComboBox::OnCommand(int code) {
@@ -76,33 +51,31 @@ void ComboBox::NoteSelection() {
 }
 
 void ListBox::Create(ControlParent& parent, int id, const std::string& toolTip) {
-  CreateControl(parent, WC_LISTBOXA, "",
-                WS_VISIBLE | WS_TABSTOP | WS_GROUP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
-                WS_EX_CLIENTEDGE, id);
+  CreateControl(parent, id, WC_LISTBOXA, "",
+                WS_TABSTOP | WS_GROUP | WS_VSCROLL | LBS_NOTIFY | LBS_NOINTEGRALHEIGHT,
+                WS_EX_CLIENTEDGE);
   SetToolTip(toolTip);
 }
 
-void ListBox::AddItem(const std::string& text) { Add(Handle(), LB_ADDSTRING, text); }
 void ListBox::SetItems(const std::vector<std::string>& items) {
-  if (Handle() == nullptr) return;
   SendMessageA(Handle(), WM_SETREDRAW, FALSE, 0);
-  Clear();
-  for (const std::string& item : items) AddItem(item);
+  Ask(*this, LB_RESETCONTENT);
+  for (const std::string& item : items) Ask(*this, LB_ADDSTRING, 0, item.c_str());
   SendMessageA(Handle(), WM_SETREDRAW, TRUE, 0);
   InvalidateRect(Handle(), nullptr, TRUE);
 }
 
-void ListBox::RemoveItem(int index) { Ask(Handle(), LB_DELETESTRING, static_cast<WPARAM>(index)); }
-void ListBox::Clear() { Ask(Handle(), LB_RESETCONTENT); }
-int ListBox::ListCount() const { return Handle() == nullptr ? 0 : Ask(Handle(), LB_GETCOUNT); }
-int ListBox::ListIndex() const { return Ask(Handle(), LB_GETCURSEL); }
-void ListBox::SetListIndex(int index) { Ask(Handle(), LB_SETCURSEL, static_cast<WPARAM>(index)); }
+void ListBox::RemoveItem(int index) { Ask(*this, LB_DELETESTRING, index); }
+int ListBox::ListIndex() const { return Ask(*this, LB_GETCURSEL); }
+void ListBox::SetListIndex(int index) { Ask(*this, LB_SETCURSEL, index); }
+
 std::string ListBox::ItemText(int index) const {
-  return ItemOf(Handle(), LB_GETTEXTLEN, LB_GETTEXT, index);
+  std::string text(static_cast<std::size_t>(std::max(0, Ask(*this, LB_GETTEXTLEN, index))), '\0');
+  Ask(*this, LB_GETTEXT, index, text.data());
+  return text;
 }
 
 void ListBox::OnCommand(int code) {
-  if (code == LBN_SELCHANGE) Click.Raise();
   if (code == LBN_DBLCLK) DblClick.Raise();
 }
 

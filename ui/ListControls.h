@@ -13,17 +13,14 @@ class ComboBox : public Control {
   // Another item was selected, by the clerk or by SetListIndex.
   Event<> Click;
 
-  void Create(ControlParent& parent, int id, const std::string& toolTip = "");
+  void Create(ControlParent& parent, int id);
   void AddItem(const std::string& text);
-  void Clear();
-  int ListCount() const;
   int ListIndex() const;
   void SetListIndex(int index);
-  std::string ItemText(int index) const;
-  // The selected item's text, or "".
-  std::string SelectedText() const { return ItemText(ListIndex()); }
 
   int WindowHeightFor(int height) override;
+
+ protected:
   void OnCommand(int code) override;
 
  private:
@@ -34,20 +31,18 @@ class ComboBox : public Control {
 
 class ListBox : public Control {
  public:
-  Event<> Click;  // the clerk selected an item
   Event<> DblClick;
 
   void Create(ControlParent& parent, int id, const std::string& toolTip = "");
-  void AddItem(const std::string& text);
   // Replaces all items, painting once; thousands are no wait.
   void SetItems(const std::vector<std::string>& items);
   void RemoveItem(int index);
-  void Clear();
-  int ListCount() const;
   int ListIndex() const;
   void SetListIndex(int index);
+  // The item's text; "" where there is none.
   std::string ItemText(int index) const;
 
+ protected:
   void OnCommand(int code) override;
 };
 

@@ -10,24 +10,17 @@ constexpr WPARAM kCtrlBackspace = 0x7F;
 
 void TextBox::Create(ControlParent& parent, int id, TextBoxKind kind, const std::string& toolTip) {
   kind_ = kind;
-  DWORD style = WS_VISIBLE | WS_TABSTOP | WS_GROUP;
-  style |= kind == TextBoxKind::SingleLine
-               ? static_cast<DWORD>(ES_AUTOHSCROLL)
-               : static_cast<DWORD>(ES_MULTILINE | ES_READONLY | WS_VSCROLL | WS_HSCROLL |
-                                    ES_AUTOVSCROLL | ES_AUTOHSCROLL);
-  CreateControl(parent, WC_EDITA, "", style, WS_EX_CLIENTEDGE, id);
+  DWORD style = WS_TABSTOP | WS_GROUP | ES_AUTOHSCROLL;
+  if (kind == TextBoxKind::ReadOnlyLines) {
+    style |= ES_MULTILINE | ES_READONLY | ES_AUTOVSCROLL | WS_VSCROLL | WS_HSCROLL;
+  }
+  CreateControl(parent, id, WC_EDITA, "", style, WS_EX_CLIENTEDGE);
   // The default limit of 32,767 bytes would cut a long holding message.
   SendMessageA(Handle(), EM_SETLIMITTEXT, 0, 0);
   SetToolTip(toolTip);
 }
 
-void TextBox::SelectAll() {
-  if (Handle() != nullptr) SendMessageA(Handle(), EM_SETSEL, 0, -1);
-}
-
-void TextBox::OnCommand(int code) {
-  if (code == EN_CHANGE) Change.Raise();
-}
+void TextBox::SelectAll() { SendMessageA(Handle(), EM_SETSEL, 0, -1); }
 
 LRESULT TextBox::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
   if (message == WM_CHAR) {

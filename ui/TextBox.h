@@ -11,13 +11,9 @@ enum class TextBoxKind { SingleLine, ReadOnlyLines };
 
 class TextBox : public Control {
  public:
-  // The text changed, by the clerk or by SetText.
-  Event<> Change;
-
   void Create(ControlParent& parent, int id, TextBoxKind kind = TextBoxKind::SingleLine,
               const std::string& toolTip = "");
   void SelectAll();
-  void OnCommand(int code) override;
 
  protected:
   LRESULT OnMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -132,7 +132,7 @@ TEST_F(frmListTest, TheOpenBackupFrameLeavesNothingElseToDo) {
   platform.answers = {MessageAnswer::Yes};
   Click(ids::kBtnDelete_Backup);
   EXPECT_EQ(platform.messages.back(), Message{"File not found"});
-  EXPECT_EQ(Backups().ListCount(), 2);
+  EXPECT_EQ(Backups().ItemText(0), "2010-05-06_14-30-05");
 }
 
 TEST_F(frmListTest, TheClerkGoesOnWhileATransferRunsAndFindsTheWindowAsItWasLeft) {

@@ -39,27 +39,26 @@ TEST_F(ControlsTest, ATipFollowsItsTextAndComesBackWithItsForm) {
 TEST_F(ControlsTest, AnOptionTellsOfTurningOnAndOfNothingElse) {
   Log(form.optFirst.Click, "first");
   Log(form.optSecond.Click, "second");
-  form.optFirst.SetValue(true);
-  form.optFirst.SetValue(true);
-  form.optSecond.SetValue(false);
+  form.optFirst.TurnOn();
+  form.optFirst.TurnOn();
   EXPECT_THAT(log, ElementsAre("first"));
   ClickOn(form.optFirst);
   EXPECT_THAT(log, ElementsAre("first"));
   ClickOn(form.optSecond);
   EXPECT_THAT(log, ElementsAre("first", "second"));
   EXPECT_FALSE(form.optFirst.Value());
-  form.optFirst.SetValue(true);
+  form.optFirst.TurnOn();
   EXPECT_FALSE(form.optSecond.Value());
   EXPECT_THAT(log, ElementsAre("first", "second", "first"));
 }
 
 TEST_F(ControlsTest, AnOptionCanBeTurnedBackInItsHandler) {
   // As a refused change of mode does it.
-  form.optFirst.SetValue(true);
+  form.optFirst.TurnOn();
   Log(form.optFirst.Click, "first");
   form.optSecond.Click.Set([&] {
     log.push_back("second");
-    form.optFirst.SetValue(true);
+    form.optFirst.TurnOn();
     form.optFirst.SetFocus();
   });
   ClickOn(form.optSecond);
@@ -181,7 +180,7 @@ TEST_F(KeysTest, EnterAndEscapeReachTheControlAndPressNothing) {
 }
 
 TEST_F(KeysTest, TabReachesEveryControlInOrderAndOneOptionOfAGroup) {
-  form.optSecond.SetValue(true);
+  form.optSecond.TurnOn();
   form.editor.SetFocus();
   std::vector<int> visited;
   for (int step = 0; step < 7; ++step) {

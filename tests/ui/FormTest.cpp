@@ -19,7 +19,7 @@ TEST_F(FormTest, AnErrorEndsItsHandlerAloneAndIsShown) {
   bool handlerWentOn = false;
   form.onClick = [&] {
     // A handler inside a handler has a trap of its own.
-    form.optFirst.SetValue(true);
+    form.optFirst.TurnOn();
     handlerWentOn = true;
     throw std::bad_alloc();
   };

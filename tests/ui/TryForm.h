@@ -42,7 +42,7 @@ class TryForm : public Form {
     button.Create(*this, 2, "Button", "Tip of the button");
     optFirst.Create(*this, 3, "First");
     optSecond.Create(*this, 4, "Second");
-    check.Create(*this, 5, "Check");
+    check.Create(*this, 5, "Check", "");
     combo.Create(*this, 6);
     list.Create(*this, 7);
     date.Create(*this, 8);
