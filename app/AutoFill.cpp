@@ -16,7 +16,7 @@ namespace {
 class InternalRefNumbering {
  public:
   explicit InternalRefNumbering(FlexGrid& grid)
-      : grid_(grid), prefix_(InternalRefPrefix() + Settings.brokerId) {}
+      : grid_(grid), prefix_(EntryMode.referenceLetter + Settings.brokerId) {}
 
   // A row without trade date or BO ID keeps what it has and opens no group.
   void FillRow(int row) {

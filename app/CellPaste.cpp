@@ -27,7 +27,7 @@ ColumnRange LinkedColumns(int col) {
 }  // namespace
 
 void PasteIntoSelection(FlexGrid& grid, int sourceRow) {
-  if (grid.Col() == EntryColumn::kSerial || sourceRow < 1 || sourceRow >= grid.Rows()) return;
+  if (grid.Col() == EntryColumn::kSerial || sourceRow >= grid.Rows()) return;
   const ColumnRange cols = LinkedColumns(grid.Col());
   const int first = std::min(grid.Row(), grid.RowSel());
   const int last = std::max(grid.Row(), grid.RowSel());

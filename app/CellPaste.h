@@ -7,8 +7,8 @@ namespace tallyrun {
 
 // Copies the cell of the current column in `sourceRow` into every selected row. The cells of an
 // account (client code, BO ID, BO name) and of a security (scrip ID, ISIN code, ISIN name)
-// travel together. A serial number is its row's own and is not pasted over. Does nothing without
-// the source row, which may be gone or never have been.
+// travel together. A serial number is its row's own and is not pasted over. Does nothing when the
+// source row is gone.
 void PasteIntoSelection(FlexGrid& grid, int sourceRow);
 
 }  // namespace tallyrun

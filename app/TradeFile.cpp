@@ -125,8 +125,6 @@ std::optional<TradeFileName> ReadTradeFileName(const std::string& path) {
                        ToDate(pieces[1].substr(0, pieces[1].find(".txt")))};
 }
 
-std::string TradeSideOf(const EntryModeTexts& mode) { return mode == kPayIn ? "S" : "B"; }
-
 bool LoadTradeFile(FlexGrid& grid, const std::string& path, const std::string& side) {
   if (!IsGridEmpty(grid) && !ConfirmLoading()) return false;
   ClearEntryGrid(grid);

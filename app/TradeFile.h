@@ -20,9 +20,6 @@ struct TradeFileName {
 // neither "payin_" nor "payout_". Raises TypeMismatch when its date is none.
 std::optional<TradeFileName> ReadTradeFileName(const std::string& path);
 
-// The side of the trades that a mode takes: clients deliver what they sold.
-std::string TradeSideOf(const EntryModeTexts& mode);
-
 // Fills the sheet with the file's trades of one side ("B" or "S"), after asking when there are rows
 // to lose; false when the clerk would rather keep them. Raises the file's error and what
 // FillFromTrades does.

@@ -127,12 +127,11 @@ void frmMain::AddRowAtTradeDate() {
   Grid().SetCol(EntryColumn::kTradeDate);
 }
 
-void frmMain::optPayIn_Click() { SwitchMode(kPayIn, "Load Payin", optPayOut); }
+void frmMain::optPayIn_Click() { SwitchMode(kPayIn, optPayOut); }
 
-void frmMain::optPayOut_Click() { SwitchMode(kPayOut, "Load Payout", optPayIn); }
+void frmMain::optPayOut_Click() { SwitchMode(kPayOut, optPayIn); }
 
-void frmMain::SwitchMode(const EntryModeTexts& mode, const std::string& importCaption,
-                         OptionButton& other) {
+void frmMain::SwitchMode(const EntryModeTexts& mode, OptionButton& other) {
   const bool leavesOtherMode = !EntryMode.name.empty() && EntryMode != mode;
   if (leavesOtherMode && !IsGridEmpty(Grid())) {
     if (!ConfirmLoading()) {
@@ -149,7 +148,7 @@ void frmMain::SwitchMode(const EntryModeTexts& mode, const std::string& importCa
                         " entries. Press INSERT key to add a new row or DELETE key to remove the "
                         "selected row(s).");
   Relayout();  // the day's picker goes to the chosen mode
-  btnLoadFromBTFile.SetText(importCaption);
+  btnLoadFromBTFile.SetText(mode.importCaption);
   btnCheck.SetEnabled(mode == kPayIn);
 }
 
@@ -173,7 +172,7 @@ void frmMain::btnLoadFromBTFile_Click() {
   if (PickedDay() != name->day) throw RuntimeError(ErrorKind::InvalidCall);
   (name->mode == kPayIn ? optPayIn : optPayOut).TurnOn();
   if (TakeSkipNextLoad()) return;
-  if (!LoadTradeFile(Grid(), *path, TradeSideOf(EntryMode))) return;
+  if (!LoadTradeFile(Grid(), *path, EntryMode.tradeSide)) return;
   SortEntries(Grid());
 }
 
@@ -249,7 +248,9 @@ void frmMain::dtpDate_Change() {
 
 void frmMain::mnuCopy_Click() { copyRow_ = Grid().Row(); }
 
-void frmMain::mnuPaste_Click() { PasteIntoSelection(Grid(), copyRow_); }
+void frmMain::mnuPaste_Click() {
+  if (copyRow_) PasteIntoSelection(Grid(), *copyRow_);
+}
 
 void frmMain::mnuDelete_Click() { DeleteSelectedRows(Grid()); }
 

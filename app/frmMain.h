@@ -2,6 +2,7 @@
 // else. Its handlers ask, call and tell; what they call knows no window.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "app/frmMainIds.h"
@@ -70,8 +71,7 @@ class frmMain : public Form {
 
   // Takes over the mode of the clicked option, or puts `other` back when the clerk would rather
   // keep the rows.
-  void SwitchMode(const EntryModeTexts& mode, const std::string& importCaption,
-                  OptionButton& other);
+  void SwitchMode(const EntryModeTexts& mode, OptionButton& other);
   // True once after a declined switch: what was to be loaded is not.
   bool TakeSkipNextLoad();
 
@@ -116,8 +116,8 @@ class frmMain : public Form {
   frmList listWindow_;
   frmHoldingMessage holdingWindow_;
   frmSettings settingsWindow_;
-  bool SkipNextLoad = false;  // set when the clerk declined a change of mode
-  int copyRow_ = 0;           // the row last copied from; 0 when none was
+  bool SkipNextLoad = false;    // set when the clerk declined a change of mode
+  std::optional<int> copyRow_;  // the row last copied from
 };
 
 }  // namespace tallyrun

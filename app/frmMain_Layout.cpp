@@ -17,10 +17,10 @@ constexpr int kGridMinimumHeight = 160;
 
 void frmMain::CreateControls() {
   using namespace frmMainIds;
-  optPayIn.Create(*this, kOptPayIn, "Pay In");
-  optPayOut.Create(*this, kOptPayOut, "Pay Out");
+  optPayIn.Create(*this, kOptPayIn, kPayIn.name);
+  optPayOut.Create(*this, kOptPayOut, kPayOut.name);
   dtpPayInOrPayOut.Create(*this, kDtpPayInOrPayOut);
-  btnLoadFromBTFile.Create(*this, kBtnLoadFromBTFile, "Load Payin");
+  btnLoadFromBTFile.Create(*this, kBtnLoadFromBTFile, kPayIn.importCaption);
   btnReload.Create(*this, kBtnReload, "Reload");
   btnSave.Create(*this, kBtnSave, "Save");
   lblSearch.Create(*this, kLblSearch, "Search");
@@ -49,8 +49,9 @@ void frmMain::CreateControls() {
 
 void frmMain::Layout(LayoutArea& area) {
   // As wide as what they come to show, so that nothing moves with the mode.
-  const int modes = std::max(area.OptionWidth("Pay In"), area.OptionWidth("Pay Out"));
-  const int imports = std::max(area.ButtonWidth("Load Payin"), area.ButtonWidth("Load Payout"));
+  const int modes = std::max(optPayIn.WidthIn(area), optPayOut.WidthIn(area));
+  const int imports =
+      std::max(area.ButtonWidth(kPayIn.importCaption), area.ButtonWidth(kPayOut.importCaption));
   int columns = 0;
   for (const SearchColumn& each : kSearchColumns) {
     columns = std::max(columns, area.TextWidth(each.caption));

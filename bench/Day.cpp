@@ -73,7 +73,7 @@ class Day {
   void Run() {
     Step("lists", [] { LoadLists(); });
     Step("import", [this] {
-      LoadTradeFile(grid_, work_ + "payin_05-01-2010.txt", TradeSideOf(EntryMode));
+      LoadTradeFile(grid_, work_ + "payin_05-01-2010.txt", EntryMode.tradeSide);
       SortEntries(grid_);
     });
     const int imported = grid_.Rows() - 1;

@@ -1,6 +1,6 @@
 #include "lists/ListKind.h"
 
-#include <vector>
+#include <span>
 
 #include "core/Application.h"
 #include "core/entry/Settings.h"
@@ -18,13 +18,22 @@ struct Column {
   int margin = kCellMargin;  // twips
 };
 
-const std::vector<Column>& ColumnsOf(const std::string& kind) {
-  static const std::vector<Column> boColumns = {
-      {"S/N"}, {"BO ID"}, {"BO Name", kBoNameMargin}, {"Client Code"}};
-  static const std::vector<Column> isinColumns = {
-      {"S/N"}, {"ISIN Code"}, {"ISIN Name"}, {"Scrip ID"}, {"Scrip Code"}};
-  return kind == kBoKind ? boColumns : isinColumns;
-}
+// What goes with a kind beside the texts that its name is part of.
+struct Kind {
+  std::span<const Column> columns;
+  const char* updateCaption;
+  const char* updateToolTip;
+};
+
+constexpr Column kBoColumns[] = {{"S/N"}, {"BO ID"}, {"BO Name", kBoNameMargin}, {"Client Code"}};
+constexpr Column kIsinColumns[] = {
+    {"S/N"}, {"ISIN Code"}, {"ISIN Name"}, {"Scrip ID"}, {"Scrip Code"}};
+constexpr Kind kBo = {kBoColumns, "Send",
+                      "Send the list of BOs to KTX. These BOs will be included in the holding "
+                      "reports you receive from KTX."};
+constexpr Kind kIsin = {kIsinColumns, "Receive", "Get the latest list of ISINs from KTX."};
+
+const Kind& Named(const std::string& kind) { return kind == kBoKind ? kBo : kIsin; }
 
 }  // namespace
 
@@ -37,33 +46,25 @@ std::string ListFilePathOf(const std::string& kind) {
 }
 
 ListTexts ListTextsOf(const std::string& kind) {
-  ListTexts texts;
-  texts.title = "List of " + kind + "s";
-  texts.caption = CaptionFor(texts.title);
-  texts.selectCaption = "Select " + kind + " :";
-  texts.gridToolTip =
-      texts.title +
-      ". Press INSERT key to add a new row or DELETE key to remove the selected row(s).";
-  if (kind == kBoKind) {
-    texts.updateCaption = "Send";
-    texts.updateToolTip =
-        "Send the list of BOs to KTX. These BOs will be included in the holding reports you "
-        "receive from KTX.";
-  } else {
-    texts.updateCaption = "Receive";
-    texts.updateToolTip = "Get the latest list of ISINs from KTX.";
-  }
-  return texts;
+  const std::string title = "List of " + kind + "s";
+  return {.title = title,
+          .caption = CaptionFor(title),
+          .selectCaption = "Select " + kind + " :",
+          .gridToolTip = title +
+                         ". Press INSERT key to add a new row or DELETE key to remove the "
+                         "selected row(s).",
+          .updateCaption = Named(kind).updateCaption,
+          .updateToolTip = Named(kind).updateToolTip};
 }
 
 void LayOutListGrid(FlexGrid& grid, const std::string& kind) {
-  const std::vector<Column>& columns = ColumnsOf(kind);
+  const std::span<const Column> columns = Named(kind).columns;
   grid.SetRows(2);
   grid.SetCols(static_cast<int>(columns.size()));
-  for (int col = 0; col < grid.Cols(); ++col) {
-    const Column& column = columns[static_cast<std::size_t>(col)];
-    grid.SetText(0, col, column.caption);
-    grid.SetColWidth(col, grid.Measurer().WidthOf(column.caption) + column.margin);
+  int col = 0;
+  for (const auto& [caption, margin] : columns) {
+    grid.SetText(0, col, caption);
+    grid.SetColWidth(col++, grid.Measurer().WidthOf(caption) + margin);
   }
   ClearEntryGrid(grid);
   grid.SetCol(1);

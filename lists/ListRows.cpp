@@ -5,30 +5,30 @@
 
 namespace tallyrun {
 
-int FindBlankRow(const FlexGrid& grid) {
+std::optional<int> FindBlankRow(const FlexGrid& grid) {
   for (int row = 1; row < grid.Rows(); ++row) {
     if (IsRowBlank(grid, row)) return row;
   }
-  return 0;
+  return std::nullopt;
 }
 
 bool HasBlankRow(FlexGrid& grid) {
-  const int row = FindBlankRow(grid);
-  if (row == 0) return false;
-  Tell("Blank row (row number " + std::to_string(row) + ") cannot be saved.", "Blank Row Found.",
+  const std::optional<int> row = FindBlankRow(grid);
+  if (!row) return false;
+  Tell("Blank row (row number " + std::to_string(*row) + ") cannot be saved.", "Blank Row Found.",
        MessageIcon::Critical);
-  grid.SetTopRow(row);
-  grid.SelectRow(row);
+  grid.SetTopRow(*row);
+  grid.SelectRow(*row);
   return true;
 }
 
-int FindRowContaining(const FlexGrid& grid, std::string_view text) {
+std::optional<int> FindRowContaining(const FlexGrid& grid, std::string_view text) {
   for (int row = 1; row < grid.Rows(); ++row) {
     for (int col = 1; col < grid.Cols(); ++col) {
       if (std::string_view(grid.Text(row, col)).find(text) != text.npos) return row;
     }
   }
-  return 0;
+  return std::nullopt;
 }
 
 void ShowFoundRow(FlexGrid& grid, int row) {
@@ -37,11 +37,6 @@ void ShowFoundRow(FlexGrid& grid, int row) {
   grid.SetRow(row);
   grid.SetCol(0);
   grid.SetColSel(kLastHighlightedCol);
-}
-
-void TellNotInList(const std::string& kind) {
-  // The title names BOs for the ISIN list too: clerks know the box by it.
-  Tell("There is no such " + kind + " in the list.", "BO Not Found.", MessageIcon::Critical);
 }
 
 }  // namespace tallyrun

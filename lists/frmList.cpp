@@ -60,11 +60,12 @@ void frmList::txtItem_KeyDown(KeyEvent& key) {
   if (!key.Take(VK_RETURN)) return;
   const std::string text(Trim(txtItem.Text()));
   if (text.empty()) return;
-  const int row = FindRowContaining(Grid(), text);
-  if (row == 0) {
-    TellNotInList(CurrentListKind);
+  if (const std::optional<int> row = FindRowContaining(Grid(), text)) {
+    ShowFoundRow(Grid(), *row);
   } else {
-    ShowFoundRow(Grid(), row);
+    // The title names BOs for the ISIN list too: clerks know the box by it.
+    Tell("There is no such " + CurrentListKind + " in the list.", "BO Not Found.",
+         MessageIcon::Critical);
   }
   txtItem.SelectAll();
 }

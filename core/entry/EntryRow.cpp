@@ -10,12 +10,8 @@ const std::array<const char*, EntryColumn::kCount> kEntryCaptions = {
     "ISIN Name",   "Quantity",  "Internal Ref. No."};
 
 EntryModeTexts EntryMode;
-const EntryModeTexts kPayIn = {"Pay In", "PI"};
-const EntryModeTexts kPayOut = {"Pay Out", "PO"};
-
-std::string InternalRefPrefix() {
-  return EntryMode.code.empty() ? std::string() : EntryMode.code.substr(EntryMode.code.size() - 1);
-}
+const EntryModeTexts kPayIn = {"Pay In", "PI", "Load Payin", "I", "S"};
+const EntryModeTexts kPayOut = {"Pay Out", "PO", "Load Payout", "O", "B"};
 
 std::string EntryFileStem(const Date& day) {
   return FormatDdMmmYyyy(day) + "_" + EntryMode.code + "_" + Settings.brokerId;

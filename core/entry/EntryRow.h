@@ -29,20 +29,22 @@ inline constexpr int kCount = 13;
 // The captions of row 0, left to right.
 extern const std::array<const char*, EntryColumn::kCount> kEntryCaptions;
 
-// The mode the sheet is in. Both texts are empty until the first mode is chosen.
+// What goes with a mode.
 struct EntryModeTexts {
-  std::string name;  // "Pay In" or "Pay Out"
-  std::string code;  // "PI" or "PO"
+  std::string name;
+  std::string code;             // in file names
+  std::string importCaption;    // of the button that imports the trade file
+  std::string referenceLetter;  // begins every Internal Ref. No.
+  std::string tradeSide;        // of the trades it takes: clients deliver what they sold
 
   bool operator==(const EntryModeTexts&) const = default;
 };
 
-extern EntryModeTexts EntryMode;
 extern const EntryModeTexts kPayIn;
 extern const EntryModeTexts kPayOut;
 
-// The letter that begins every Internal Ref. No. of the mode: "I" or "O".
-std::string InternalRefPrefix();
+// The mode the sheet is in. Its texts are empty until the first mode is chosen.
+extern EntryModeTexts EntryMode;
 
 // "05-Jan-2010_PI_123456", the day's file name without its ending, for the mode in force.
 std::string EntryFileStem(const Date& day);

@@ -83,7 +83,7 @@ bool HasUnknownIsin(const FlexGrid& grid) {
 }
 
 bool HasWrongInternalRefPrefix(const FlexGrid& grid) {
-  const std::string prefix = InternalRefPrefix();
+  const std::string& prefix = EntryMode.referenceLetter;
   const std::optional<int> row = FindRowNotStartingWith(grid, EntryColumn::kInternalRef, prefix);
   if (!row) return false;
   Refuse("For " + EntryMode.name + " entries Internal Ref. No. must start with \"" + prefix +

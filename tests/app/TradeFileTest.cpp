@@ -59,7 +59,7 @@ constexpr char kTrades[] =
 
 TEST_F(TradeFileTest, TakesTheLinesOfOneSideAndLooksTheirNamesUp) {
   const std::string path = Write(kTrades);
-  LoadTradeFile(grid, path, TradeSideOf(kPayIn));
+  LoadTradeFile(grid, path, kPayIn.tradeSide);
   EXPECT_THAT(
       RowsOf(grid),
       ElementsAre(
@@ -68,7 +68,7 @@ TEST_F(TradeFileTest, TakesTheLinesOfOneSideAndLooksTheirNamesUp) {
           "2|||04-Jan-2010||NOBODY||BO NAME NOT FOUND|UNKNOWN||ISIN NAME NOT FOUND|1,000|"));
   EXPECT_EQ(grid.ColWidth(EntryColumn::kBoName), 17 * 100 + 200);
   platform.answers = {MessageAnswer::Yes};
-  LoadTradeFile(grid, path, TradeSideOf(kPayOut));
+  LoadTradeFile(grid, path, kPayOut.tradeSide);
   EXPECT_THAT(ColumnOf(grid, EntryColumn::kQuantity), ElementsAre("200", "400"));
 }
 

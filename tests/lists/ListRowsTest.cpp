@@ -16,8 +16,8 @@ TEST_F(ListRows, TheFirstRowWithTheTextInAnyDataCellIsFound) {
   FillRows(grid, {"1|1201950000000017|ANITA MEHROTRA|C001", "2|1201950000000025|abc TRADERS|C002",
                   "3|1201950000000033|JOS\xC9 ABC|C 14", "4|14|ABC|C006"});
   // Rows go before columns, letter case counts, and the S/N column is passed over.
-  const std::pair<const char*, int> cases[] = {
-      {"14", 3}, {"ABC", 3}, {"abc", 2}, {"4", 3}, {"MEHROTRAC", 0}, {"C006", 4}, {"nobody", 0}};
+  const std::pair<const char*, std::optional<int>> cases[] = {
+      {"14", 3}, {"ABC", 3}, {"abc", 2}, {"4", 3}, {"MEHROTRAC", {}}, {"C006", 4}, {"nobody", {}}};
   for (const auto& [text, row] : cases) EXPECT_EQ(FindRowContaining(grid, text), row) << text;
 }
 

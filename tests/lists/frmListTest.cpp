@@ -83,6 +83,7 @@ TEST_F(frmListTest, TheFirstDataColumnIsCurrentAfterEveryLoadThatLaysOutTheList)
 }
 
 TEST_F(frmListTest, AHeldEnterActsOnce) {
+  On<ComboBox>(ids::kCmbListOf).SetListIndex(1);
   const auto hold = [this](int id, UINT message) {
     On(id).SetFocus();
     for (const LPARAM key : {0, 1 << 30, 1 << 30}) {
@@ -93,8 +94,8 @@ TEST_F(frmListTest, AHeldEnterActsOnce) {
   EXPECT_TRUE(Editor().HasFocus()) << "opened, and not kept at once";
   On(ids::kTxtItem).SetText("nobody");
   hold(ids::kTxtItem, WM_KEYDOWN);
-  EXPECT_EQ(platform.TakeMessage(),
-            (Message{"There is no such BO in the list.", "BO Not Found.", MessageIcon::Critical}));
+  EXPECT_EQ(platform.TakeMessage(), (Message{"There is no such ISIN in the list.", "BO Not Found.",
+                                             MessageIcon::Critical}));
 }
 
 TEST_F(frmListTest, SavingWritesTheListAndRefreshesItsLookupsAlone) {
