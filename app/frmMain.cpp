@@ -143,7 +143,7 @@ void frmMain::SwitchMode(const EntryModeTexts& mode, OptionButton& other) {
     ClearEntryGrid(Grid());
   }
   EntryMode = mode;
-  ChangeCaption(CaptionFor(mode.name));
+  SetCaption(CaptionFor(mode.name));
   flxEntries.SetToolTip(mode.name +
                         " entries. Press INSERT key to add a new row or DELETE key to remove the "
                         "selected row(s).");
@@ -270,10 +270,7 @@ void frmMain::btnSummarize_Click() {
 }
 
 void frmMain::btnCheck_Click() {
-  {
-    const BusyScope busy(*this);
-    if (CheckHoldings(HoldingCheckHere())) return;
-  }
+  if (CheckHoldings(HoldingCheckHere())) return;
   Tell("Holding balance checking completed.", "Checking Complete.", MessageIcon::Information);
 }
 
@@ -291,9 +288,8 @@ void frmMain::btnSend_Click() {
            MessageIcon::Question)) {
     return;
   }
-  const std::string progress = "...Sending records to KTX...Please wait.";
   BusyScope busy(*this);
-  busy.Show(progress);
+  busy.Show("...Sending records to KTX...Please wait.");
   if (HasMissingField(Grid())) {
     flxEntries.ShowCell(Grid().Row(), Grid().Col());
     return;
@@ -304,7 +300,6 @@ void frmMain::btnSend_Click() {
   SortEntries(Grid());
   if (CheckSummarized(HoldingCheckHere())) return;
   if (EntryMode == kPayIn && CheckHoldings(HoldingCheckHere())) return;
-  busy.Show(progress);  // the holding check had its own
   const EntrySend send(Grid(), PickedDay(), busy);
   if (CheckAlreadySent(send)) return;
   WriteWholeFile(send.workingFolder + send.fileName, send.sheet);
@@ -331,7 +326,7 @@ std::string frmMain::DayFileText() const {
 }
 
 HoldingCheck frmMain::HoldingCheckHere() {
-  return {Grid(), *this, OwnCaption(), [this] { flxEntries.Redraw(); },
+  return {Grid(), *this, [this] { flxEntries.Redraw(); },
           [this] { holdingWindow_.ShowFresh(this); }};
 }
 

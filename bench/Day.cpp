@@ -87,8 +87,7 @@ class Day {
       FillInternalRefNos(grid_);
     });
     Step("check", [this] {
-      const std::string caption;
-      CheckHoldingFile({grid_, window_, caption, [] {}, [] {}}, work_ + "11DPA6UX.TXT");
+      CheckHoldingFile({grid_, window_, [] {}, [] {}}, work_ + "11DPA6UX.TXT");
     });
     // The files go where nothing else lies, so that a run leaves its inputs as they were.
     Settings.backupLocation = out_;

@@ -2,12 +2,14 @@
 
 namespace tallyrun {
 
+void BusyWindow::SetCaption(const std::string& caption) {
+  ownCaption_ = caption;
+  if (innermost_ == nullptr) return ShowCaption(caption);
+  innermost_->ShowAgain();
+}
+
 BusyScope::BusyScope(BusyWindow& window) : window_(window), outer_(window.innermost_) {
-  if (outer_ != nullptr) {
-    signs_ = outer_->signs_;
-  } else {
-    window_.ownCaption_ = window_.Caption();
-  }
+  if (outer_ != nullptr) signs_ = outer_->signs_;
   window_.innermost_ = this;
 }
 
@@ -15,7 +17,9 @@ BusyScope::~BusyScope() {
   window_.innermost_ = outer_;
   if (outer_ != nullptr) {
     outer_->ShowAgain();
-  } else if (!left_) {
+  } else if (leaves_) {
+    window_.ownCaption_ = CaptionShown();
+  } else {
     End();
   }
 }
@@ -38,17 +42,15 @@ void BusyScope::Show(const Signs& signs) {
   ShowAgain();
 }
 
-void BusyScope::ShowAgain() {
-  const std::string& progress = signs_.progress;
-  const bool isBehindCaption = progress.empty() || progress.starts_with("...");
-  window_.SetCaption(isBehindCaption ? window_.ownCaption_ + progress : progress);
-  window_.SetPointer(signs_.pointer);
+void BusyScope::ShowAgain() const {
+  window_.ShowCaption(CaptionShown());
+  window_.ShowPointer(signs_.pointer);
 }
 
-void BusyWindow::ChangeCaption(const std::string& caption) {
-  if (innermost_ == nullptr) return SetCaption(caption);
-  ownCaption_ = caption;
-  innermost_->ShowAgain();
+std::string BusyScope::CaptionShown() const {
+  const std::string& progress = signs_.progress;
+  const bool isBehindCaption = progress.empty() || progress.starts_with("...");
+  return isBehindCaption ? window_.ownCaption_ + progress : progress;
 }
 
 }  // namespace tallyrun

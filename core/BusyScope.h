@@ -6,10 +6,32 @@
 
 #include <string>
 
-#include "core/BusyWindow.h"
 #include "core/Platform.h"
 
 namespace tallyrun {
+
+enum class PointerShape { Normal, Hourglass };
+
+class BusyScope;
+
+// What an operation knows of its window.
+class BusyWindow {
+ public:
+  virtual ~BusyWindow() = default;
+
+  // Sets the window's own caption. Progress that is shown stays, and gives way to it in the end.
+  void SetCaption(const std::string& caption);
+
+ protected:
+  virtual void ShowCaption(const std::string& caption) = 0;
+  virtual void ShowPointer(PointerShape shape) = 0;
+
+ private:
+  friend class BusyScope;
+
+  std::string ownCaption_;
+  BusyScope* innermost_ = nullptr;
+};
 
 class BusyScope {
  public:
@@ -28,7 +50,7 @@ class BusyScope {
   // Tells how the operation ended, the outcome standing behind the caption meanwhile, and ends.
   void TellOutcome(const std::string& outcome, const std::string& title, MessageIcon icon);
   // The outermost scope leaves the window as it looks, progress and hourglass included.
-  void Leave() { left_ = true; }
+  void Leave() { leaves_ = true; }
 
  private:
   friend class BusyWindow;
@@ -38,12 +60,13 @@ class BusyScope {
     PointerShape pointer = PointerShape::Normal;
   };
   void Show(const Signs& signs);
-  void ShowAgain();
+  void ShowAgain() const;
+  std::string CaptionShown() const;
 
   BusyWindow& window_;
   BusyScope* const outer_;
   Signs signs_;
-  bool left_ = false;
+  bool leaves_ = false;
 };
 
 }  // namespace tallyrun

@@ -9,6 +9,7 @@
 #include <vector>
 
 #include "core/Application.h"
+#include "core/BusyScope.h"
 #include "core/Platform.h"
 #include "core/entry/EntryRow.h"
 #include "core/files/modFileIO.h"
@@ -106,18 +107,17 @@ std::optional<int> FindFirstFailingRow(const HoldingCheck& check,
   return firstFailing;
 }
 
-bool CheckAgainst(const HoldingCheck& check, HoldingFile file) {
-  check.window.SetCaption(CaptionFor("...Checking balance on " + std::string(file.Subject())));
+bool CheckAgainst(const HoldingCheck& check, HoldingFile file, BusyScope& busy) {
+  busy.Show(CaptionFor("...Checking balance on " + std::string(file.Subject())));
   HoldingMessage.clear();
   const auto balances = FindBalances(file, WantedIn(check.entries));
   const bool failed = FindFirstFailingRow(check, balances).has_value();
   if (!HoldingMessage.empty()) check.showHoldingMessage();
-  EndBusy(check.window, check.savedCaption);
   return failed;
 }
 
-bool RefuseEmptyFile(const HoldingCheck& check) {
-  EndBusy(check.window, check.savedCaption);
+bool RefuseEmptyFile(BusyScope& busy) {
+  busy.End();
   Tell("The selected file is empty.\r\nPlease properly select the holding file (11DPA6UX.TXT).",
        "Empty File.", MessageIcon::Critical);
   return true;
@@ -130,20 +130,22 @@ bool CheckHoldings(const HoldingCheck& check) {
       ThePlatform().AskForFile({"Choose Holding FIle (11DPA6UX.TXT)",
                                 {{"Text files (*.TXT)", "*.TXT"}, {"All Files (*.*)", "*.*"}}});
   if (path) return CheckHoldingFile(check, *path);
-  EndBusy(check.window, check.savedCaption);
+  BusyScope busy(check.window);
+  busy.End();
   Tell("You must select a holding file(DPA6UX.TXT) before sending to KTX.", "Holding Not Checked.",
        MessageIcon::Critical);
   return true;
 }
 
 bool CheckHoldingFile(const HoldingCheck& check, const std::string& path) {
+  BusyScope busy(check.window);
   try {
-    if (FileLength(path) <= 0) return RefuseEmptyFile(check);
-    check.window.SetPointer(PointerShape::Hourglass);
+    if (FileLength(path) <= 0) return RefuseEmptyFile(busy);
+    busy.ShowPointer(PointerShape::Hourglass);
     const std::string report = ReadWholeFile(path);
-    return CheckAgainst(check, HoldingFile(report));
+    return CheckAgainst(check, HoldingFile(report), busy);
   } catch (const std::exception&) {
-    EndBusy(check.window, check.savedCaption);
+    busy.End();
     Tell("Error checking BO account holding balance.", "Holding Check Error.",
          MessageIcon::Critical);
     return true;
@@ -171,7 +173,8 @@ bool CheckSummarized(const HoldingCheck& check) {
   FlexGrid& grid = check.entries;
   for (int row = 1; row + 1 < grid.Rows(); ++row) {
     if (!IsSameHolding(grid, row, row + 1)) continue;
-    EndBusy(check.window, check.savedCaption);
+    BusyScope busy(check.window);
+    busy.End();
     Tell("Please summarize records before sending.", "Not Summarized.", MessageIcon::Critical);
     grid.SelectRow(row);
     if (!grid.IsRowVisible(row)) grid.SetTopRow(row);

@@ -7,7 +7,7 @@
 #include <functional>
 #include <string>
 
-#include "core/BusyWindow.h"
+#include "core/BusyScope.h"
 #include "core/grid/FlexGrid.h"
 #include "holding/HoldingBalances.h"
 
@@ -19,8 +19,7 @@ extern std::string HoldingMessage;
 // What a check works on. Nothing is owned.
 struct HoldingCheck {
   FlexGrid& entries;
-  BusyWindow& window;
-  const std::string& savedCaption;           // put back on every way out
+  BusyWindow& window;                        // its own again on every way out
   std::function<void()> repaintEntries;      // paints the grid at once
   std::function<void()> showHoldingMessage;  // shows HoldingMessage in a fresh modal window
 };

@@ -5,7 +5,7 @@
 #include <functional>
 #include <string>
 
-#include "core/BusyWindow.h"
+#include "core/BusyScope.h"
 #include "core/grid/FlexGrid.h"
 
 namespace tallyrun {

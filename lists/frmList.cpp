@@ -172,7 +172,7 @@ void frmList::btnDelete_Backup_Click() {
 void frmList::SetupListGrid() {
   const ListTexts texts = ListTextsOf(CurrentListKind);
   LayOutListGrid(Grid(), CurrentListKind);
-  ChangeCaption(texts.caption);
+  SetCaption(texts.caption);
   lblSelect.SetText(texts.selectCaption);
   flxList.SetToolTip(texts.gridToolTip);
   btnUpdateList.SetText(texts.updateCaption);

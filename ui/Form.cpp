@@ -141,7 +141,7 @@ void Form::RunHandler(const std::function<void()>& handler) {
   RunTrapped(handler);
 }
 
-void Form::SetCaption(const std::string& caption) {
+void Form::ShowCaption(const std::string& caption) {
   caption_ = caption;
   if (window_ != nullptr) SetWindowTextA(window_, caption.c_str());
 }

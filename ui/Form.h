@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "core/BusyWindow.h"
+#include "core/BusyScope.h"
 #include "core/ErrorTrap.h"
 #include "core/grid/TextMeasurer.h"
 #include "ui/Control.h"
@@ -51,10 +51,8 @@ class Form : public BusyWindow, public ControlParent {
   bool IsLoaded() const { return window_ != nullptr; }
   bool EndsProgram() const { return options_.endsProgram; }
 
-  std::string Caption() const override { return caption_; }
-  void SetCaption(const std::string& caption) override;
-  // Holds over all of the form's controls, also while the pointer moves.
-  void SetPointer(PointerShape shape) override;
+  // As it is shown.
+  const std::string& Caption() const { return caption_; }
 
   // Enables or disables every control of the form.
   void EnableControls(bool enabled);
@@ -130,6 +128,9 @@ class Form : public BusyWindow, public ControlParent {
   // A closed form's window goes when this arrives and no handler of the form runs any more.
   static constexpr UINT kUnloadPending = WM_APP + 1;
 
+  void ShowCaption(const std::string& caption) override;
+  // Holds over all of the form's controls, also while the pointer moves.
+  void ShowPointer(PointerShape shape) override;
   static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam,
                                      LPARAM lParam) noexcept;
   void CreateFormWindow(HWND owner);

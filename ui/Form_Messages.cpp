@@ -163,7 +163,7 @@ bool Form::HoldPointer() const {
   return true;
 }
 
-void Form::SetPointer(PointerShape shape) {
+void Form::ShowPointer(PointerShape shape) {
   pointer_ = shape;
   POINT at = {};
   GetCursorPos(&at);

@@ -12,7 +12,7 @@ TEST(BusyScopeTest, EachScopeShowsItsSignsAndTheWindowComesBackToItsOwn) {
     EXPECT_EQ(window.caption, caption);
     EXPECT_EQ(window.pointer, pointer);
   };
-  window.ChangeCaption("A");
+  window.SetCaption("A");
   looks("A", PointerShape::Normal);
   {
     BusyScope outer(window);
@@ -21,7 +21,7 @@ TEST(BusyScopeTest, EachScopeShowsItsSignsAndTheWindowComesBackToItsOwn) {
       BusyScope inner(window);
       looks("A...sending", PointerShape::Hourglass);
       inner.Show("checking");
-      window.ChangeCaption("B");
+      window.SetCaption("B");
       looks("checking", PointerShape::Hourglass);
       inner.End();
       looks("B", PointerShape::Normal);

@@ -7,6 +7,7 @@ namespace tallyrun::testing {
 namespace {
 
 constexpr char kCaption[] = "Tallyrun v1.0 : Pay In";
+constexpr char kSending[] = "Tallyrun v1.0 : Pay In...sending";
 constexpr char kHeader[] = "Report for HOLDINGS : 1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8\r\n";
 
 std::string Insufficient(const std::string& boId, int quantity, const std::string& balance) {
@@ -20,7 +21,8 @@ struct CheckHoldingsTest : ProgramFixture {
     grid.SetText(0, EntryColumn::kBoId, "BO ID");
     grid.SetText(0, EntryColumn::kIsinCode, "ISIN Code");
     grid.SetPageRows(1);
-    busyWindow.caption = "busy";
+    busyWindow.SetCaption(kCaption);
+    send.Show("...sending");
     EntryMode = kPayIn;
     // Whatever the way out, the clerk meets a window that is at rest when a box is up.
     platform.onMessage = [this](const Message&) { ExpectWindow(kCaption); };
@@ -47,8 +49,9 @@ struct CheckHoldingsTest : ProgramFixture {
     EXPECT_TRUE(grid.IsRowVisible(row));
   }
 
-  std::string savedCaption = kCaption, shown;
-  HoldingCheck check{grid, busyWindow, savedCaption,
+  BusyScope send{busyWindow};
+  std::string shown;
+  HoldingCheck check{grid, busyWindow,
                      [this] {
                        ExpectWindow("Tallyrun v1.0 : ...Checking balance on HOLDINGS",
                                     PointerShape::Hourglass);
@@ -100,7 +103,7 @@ TEST_F(CheckHoldingsTest, EveryRowIsHeldAgainstItsFirstHoldingLine) {
     EXPECT_EQ(HoldingMessage, each.message);
     EXPECT_EQ(shown, each.message);
     ExpectRowShown(each.firstFailing != 0 ? each.firstFailing : grid.Rows() - 1);
-    ExpectWindow(kCaption);
+    ExpectWindow(kSending, PointerShape::Hourglass);
   }
   EXPECT_TRUE(platform.messages.empty());
 }
@@ -125,7 +128,7 @@ TEST_F(CheckHoldingsTest, AnErrorEndsTheCheckInTheRowWhereItIsMet) {
 TEST_F(CheckHoldingsTest, UnsummarizedNeighboursStopASend) {
   Fill({"120,XX1,1", "120,XX2,1", "121,XX2,1", "120,XX1,1"});
   EXPECT_FALSE(CheckSummarized(check));
-  EXPECT_EQ(busyWindow.caption, "busy");  // the send goes on
+  EXPECT_EQ(busyWindow.caption, kSending);  // the send goes on
   Fill({"120,XX1,1", "120,XX2,1", "120,XX2,1", "120,XX2,1"});
   EXPECT_TRUE(CheckSummarized(check));
   EXPECT_EQ(platform.TakeMessage().text, "Please summarize records before sending.");

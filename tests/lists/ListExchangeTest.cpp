@@ -17,7 +17,7 @@ constexpr char kNewList[] =
 struct ListExchange : ProgramFixture {
   ListExchange() {
     platform.now = {2010, 5, 6, 14, 30, 5, 0};
-    busyWindow.caption = kCaption;
+    busyWindow.SetCaption(kCaption);
     platform.onPendingEvents = [this] { RunClient(); };
     platform.onMessage = [this](const Message&) { captionAtOutcome = busyWindow.caption; };
   }

@@ -3,18 +3,19 @@
 
 #include <string>
 
-#include "core/BusyWindow.h"
+#include "core/BusyScope.h"
 
 namespace tallyrun::testing {
 
 class FakeBusyWindow : public BusyWindow {
  public:
-  std::string Caption() const override { return caption; }
-  void SetCaption(const std::string& text) override { caption = text; }
-  void SetPointer(PointerShape shape) override { pointer = shape; }
-
+  // As they are shown.
   std::string caption;
   PointerShape pointer = PointerShape::Normal;
+
+ private:
+  void ShowCaption(const std::string& text) override { caption = text; }
+  void ShowPointer(PointerShape shape) override { pointer = shape; }
 };
 
 }  // namespace tallyrun::testing

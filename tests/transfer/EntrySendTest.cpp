@@ -38,7 +38,7 @@ struct EntrySendTest : ProgramFixture {
   // Runs `step` for a send of one row.
   template <class Step>
   auto InSend(const std::string& cell, Step step) {
-    busyWindow.caption = kCaption;
+    busyWindow.SetCaption(kCaption);
     BusyScope busy(busyWindow);
     busy.Show(kSending);
     FillRows(grid, {"1|" + cell});

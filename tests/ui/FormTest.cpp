@@ -135,9 +135,11 @@ TEST_F(FormTest, TheHourglassHoldsOverEveryControl) {
                  MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
     return GetCursor();
   };
-  form.SetPointer(PointerShape::Hourglass);
-  for (const Control* control : form.Controls()) EXPECT_EQ(pointerOver(*control), hourglass);
-  form.SetPointer(PointerShape::Normal);
+  {
+    BusyScope busy(form);
+    busy.Show("");
+    for (const Control* control : form.Controls()) EXPECT_EQ(pointerOver(*control), hourglass);
+  }
   for (const Control* control : form.Controls()) EXPECT_NE(pointerOver(*control), hourglass);
 }
 
