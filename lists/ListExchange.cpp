@@ -6,7 +6,7 @@
 #include "core/Platform.h"
 #include "core/entry/Settings.h"
 #include "core/files/modFileIO.h"
-#include "lists/ListBackups.h"
+#include "lists/BackupFiles.h"
 #include "lists/ListKind.h"
 #include "lists/ListRows.h"
 #include "transfer/FtpTransfer.h"

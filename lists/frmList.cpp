@@ -8,7 +8,7 @@
 #include "core/grid/GridRows.h"
 #include "core/masterlists/Lists.h"
 #include "core/text/Conversion.h"
-#include "lists/ListBackups.h"
+#include "lists/BackupFiles.h"
 #include "lists/ListExchange.h"
 #include "lists/ListKind.h"
 #include "lists/ListRows.h"
@@ -108,7 +108,9 @@ void frmList::btnSave_Click() { SaveList(); }
 void frmList::btnSaveAsBackup_Click() {
   // The grid is checked although the backup is a copy of the file.
   if (HasBlankRow(Grid())) return;
-  TakeBackup(CurrentListKind);
+  const std::string backup = BackupPathAt(CurrentListKind, ThePlatform().Now());
+  if (!CopyTextFile(ListFilePathOf(CurrentListKind), backup)) return;
+  Tell("Backup taken successfully.", "Backup succeeded.", MessageIcon::Information);
 }
 
 void frmList::btnLoadBackup_Click() {
@@ -148,7 +150,7 @@ void frmList::lstBackups_DblClick() { btnLoad_Backup_Click(); }
 void frmList::btnLoad_Backup_Click() {
   const int index = lstBackups.ListIndex();
   if (index < 0) return;
-  LoadBackup(Grid(), CurrentListKind, lstBackups.ItemText(index));
+  LoadFileIntoGrid(BackupEntryPath(CurrentListKind, lstBackups.ItemText(index)), Grid());
   btnCancel_Backup_Click();
 }
 
@@ -164,7 +166,19 @@ void frmList::btnCancel_Backup_Click() {
 
 void frmList::btnDelete_Backup_Click() {
   const int index = lstBackups.ListIndex();
-  if (index < 0 || !DeleteBackup(CurrentListKind, lstBackups.ItemText(index))) return;
+  if (index < 0) return;
+  const std::string entry = lstBackups.ItemText(index);
+  if (IsMainFileEntry(CurrentListKind, entry)) {
+    Tell("This is currently the main file. You cannot delete this.", "Deletion Failed",
+         MessageIcon::Critical);
+    return;
+  }
+  if (!Ask("Are you sure to delete the selected backup?", "Delete Confirmation",
+           MessageIcon::Critical)) {
+    return;
+  }
+  DeleteFileAt(BackupEntryPath(CurrentListKind, entry));
+  Tell("Backup deleted successfully.", "Delete Succeeded", MessageIcon::Information);
   lstBackups.RemoveItem(index);
   lstBackups.SetListIndex(0);
 }
@@ -204,7 +218,7 @@ void frmList::BeginCellEdit() {
 }
 
 void frmList::FillBackupList() {
-  const std::vector<std::string> entries = ListBackups(CurrentListKind);
+  const std::vector<std::string> entries = BackupEntries(CurrentListKind);
   // With nothing to list, what was listed last stays.
   if (entries.empty()) return;
   lstBackups.SetItems(entries);

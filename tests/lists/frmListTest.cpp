@@ -109,6 +109,8 @@ TEST_F(frmListTest, SavingWritesTheListAndRefreshesItsLookupsAlone) {
   Settings.backupLocation += "gone\\";
   Click(ids::kBtnSave);
   EXPECT_EQ(platform.TakeMessage(), Message{"Path not found"});
+  Click(ids::kBtnSaveAsBackup);
+  EXPECT_EQ(platform.TakeMessage(), Message{"Path not found"});
   EXPECT_EQ(Grid().Text(1, 3), "C778");
 }
 

@@ -1,5 +1,5 @@
 list(APPEND portable_tests
-  lists/ListBackupsTest.cpp
+  lists/BackupFilesTest.cpp
   lists/ListExchangeTest.cpp
   lists/ListRowsTest.cpp
 )

@@ -1,4 +1,4 @@
-#include "lists/ListBackups.h"
+#include "lists/BackupFiles.h"
 
 #include <string_view>
 
@@ -30,11 +30,10 @@ std::string BackupPathAt(const std::string& kind, const ClockTime& moment) {
          EndingOf(kind);
 }
 
-std::vector<std::string> ListBackups(const std::string& kind) {
+std::vector<std::string> BackupEntries(const std::string& kind) {
   std::vector<std::string> names = ListFiles(Settings.backupLocation + "*" + ListFileNameOf(kind));
   if (names.front().empty()) return {};
-  const std::string ending = EndingOf(kind);
-  for (std::string& name : names) name = EntryOf(name, ending);
+  for (std::string& name : names) name = EntryOf(name, EndingOf(kind));
   return names;
 }
 
@@ -43,33 +42,7 @@ bool IsMainFileEntry(const std::string& kind, const std::string& entry) {
 }
 
 std::string BackupEntryPath(const std::string& kind, const std::string& entry) {
-  const bool isMainFile = IsMainFileEntry(kind, entry);
-  return Settings.backupLocation + (isMainFile ? entry : entry + EndingOf(kind));
-}
-
-void TakeBackup(const std::string& kind) {
-  const std::string target = BackupPathAt(kind, ThePlatform().Now());
-  if (!CopyTextFile(ListFilePathOf(kind), target)) return;
-  Tell("Backup taken successfully.", "Backup succeeded.", MessageIcon::Information);
-}
-
-void LoadBackup(FlexGrid& grid, const std::string& kind, const std::string& entry) {
-  LoadFileIntoGrid(BackupEntryPath(kind, entry), grid);
-}
-
-bool DeleteBackup(const std::string& kind, const std::string& entry) {
-  if (IsMainFileEntry(kind, entry)) {
-    Tell("This is currently the main file. You cannot delete this.", "Deletion Failed",
-         MessageIcon::Critical);
-    return false;
-  }
-  if (!Ask("Are you sure to delete the selected backup?", "Delete Confirmation",
-           MessageIcon::Critical)) {
-    return false;
-  }
-  DeleteFileAt(BackupEntryPath(kind, entry));
-  Tell("Backup deleted successfully.", "Delete Succeeded", MessageIcon::Information);
-  return true;
+  return Settings.backupLocation + entry + (IsMainFileEntry(kind, entry) ? "" : EndingOf(kind));
 }
 
 }  // namespace tallyrun
