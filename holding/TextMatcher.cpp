@@ -29,7 +29,8 @@ TextMatcher::TextMatcher(const std::vector<std::string>& texts)
       endingBytes_(kMostEndingBytes),
       endings_(texts.size()),
       next_(texts.size(), kNone),
-      slots_(std::bit_ceil(2 * texts.size() + 2), kNone) {  // at most half of them are taken
+      slots_(std::bit_ceil(2 * texts.size() + 2), kNone),  // at most half of them are taken
+      lastLines_(texts.size(), 0) {
   for (const std::string& text : texts) {
     if (text.size() >= kLong) endingBytes_ = std::min(endingBytes_, text.size());
   }
@@ -64,17 +65,17 @@ std::size_t TextMatcher::SlotOf(const Ending& ending) const {
   return slot;
 }
 
-void TextMatcher::FindIn(std::string_view line, std::vector<std::uint32_t>& found) const {
+void TextMatcher::FindIn(std::string_view line, std::vector<std::uint32_t>& found) {
   found.clear();
+  ++line_;
   for (const std::uint32_t index : shortTexts_) {
     if (line.find(texts_[index]) != line.npos) found.push_back(index);
   }
   FindLongIn(line, found);
   std::sort(found.begin(), found.end());
-  found.erase(std::unique(found.begin(), found.end()), found.end());
 }
 
-void TextMatcher::FindLongIn(std::string_view line, std::vector<std::uint32_t>& found) const {
+void TextMatcher::FindLongIn(std::string_view line, std::vector<std::uint32_t>& found) {
   const std::size_t bytes = endingBytes_;
   const std::uint64_t ofAll = bitsOfAll_.front;
   const std::uint64_t ofAny = bitsOfAny_.front;
@@ -85,11 +86,13 @@ void TextMatcher::FindLongIn(std::string_view line, std::vector<std::uint32_t>& 
   }
 }
 
-void TextMatcher::FindAtEndOf(std::string_view part, std::vector<std::uint32_t>& found) const {
+void TextMatcher::FindAtEndOf(std::string_view part, std::vector<std::uint32_t>& found) {
   const Ending ending = EndingOf(part);
   if (!HasCommonBits(ending.back, bitsOfAll_.back, bitsOfAny_.back)) return;
   for (std::uint32_t at = slots_[SlotOf(ending)]; at != kNone; at = next_[at]) {
-    if (part.ends_with(texts_[at])) found.push_back(at);
+    if (lastLines_[at] == line_ || !part.ends_with(texts_[at])) continue;
+    lastLines_[at] = line_;
+    found.push_back(at);
   }
 }
 

@@ -41,7 +41,7 @@ struct RandomCase {
     }
     return text;
   }
-  // Some end like the one before; some are longer than what any machine word tells apart.
+  // Some end like the one before; some are longer than sixteen bytes.
   std::vector<std::string> DistinctTexts() {
     std::set<std::string> texts;
     std::string last;
