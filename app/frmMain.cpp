@@ -4,12 +4,12 @@
 #include <exception>
 #include <initializer_list>
 
-#include "app/AutoFill.h"
 #include "app/CellPaste.h"
 #include "app/CellRules.h"
 #include "app/ConfirmLoading.h"
 #include "app/EntrySearch.h"
-#include "app/Summarize.h"
+#include "app/FillAutoFields.h"
+#include "app/MergeEqualEntries.h"
 #include "app/TradeFile.h"
 #include "core/Platform.h"
 #include "core/RuntimeError.h"

@@ -10,8 +10,8 @@
 #include <functional>
 #include <string>
 
-#include "app/AutoFill.h"
-#include "app/Summarize.h"
+#include "app/FillAutoFields.h"
+#include "app/MergeEqualEntries.h"
 #include "app/TradeFile.h"
 #include "core/entry/EntryRow.h"
 #include "core/entry/Settings.h"

@@ -1,11 +1,11 @@
 list(APPEND windows_tests app/ResourceTest.cpp)
 list(APPEND portable_tests
   support/EntrySheetFixture.cpp
-  app/AutoFillTest.cpp
+  app/FillAutoFieldsTest.cpp
   app/CellPasteTest.cpp
   app/CellRulesTest.cpp
   app/EntrySearchTest.cpp
-  app/SummarizeTest.cpp
+  app/MergeEqualEntriesTest.cpp
   app/TradeFileTest.cpp
 )
 list(APPEND windows_tests

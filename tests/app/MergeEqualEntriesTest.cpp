@@ -1,6 +1,6 @@
 #include <gmock/gmock.h>
 
-#include "app/Summarize.h"
+#include "app/MergeEqualEntries.h"
 #include "tests/support/EntrySheetFixture.h"
 #include "tests/support/ErrorOf.h"
 #include "tests/support/GridText.h"

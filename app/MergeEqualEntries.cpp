@@ -1,4 +1,4 @@
-#include "app/Summarize.h"
+#include "app/MergeEqualEntries.h"
 
 #include <cstdint>
 #include <limits>

@@ -1,4 +1,4 @@
-#include "app/AutoFill.h"
+#include "app/FillAutoFields.h"
 
 #include <string>
 
