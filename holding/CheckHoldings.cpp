@@ -4,7 +4,6 @@
 #include <exception>
 #include <optional>
 #include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -13,6 +12,7 @@
 #include "core/Platform.h"
 #include "core/entry/EntryRow.h"
 #include "core/files/modFileIO.h"
+#include "core/grid/PerValue.h"
 #include "core/text/Conversion.h"
 #include "core/text/Split.h"
 #include "holding/HoldingFile.h"
@@ -33,17 +33,19 @@ class DistinctTexts {
   DistinctTexts(const FlexGrid& grid, int col) : grid_(grid), col_(col) {}
 
   std::uint32_t IndexIn(int row) {
-    const auto next = static_cast<std::uint32_t>(texts_.size());
-    const auto [index, isNew] = indices_.try_emplace(grid_.Cell(row, col_), next);
-    if (isNew) texts_.emplace_back(std::string_view(grid_.Text(row, col_)));
-    return index->second;
+    std::uint32_t& number = numbers_[grid_.Cell(row, col_)];
+    if (number == 0) {
+      texts_.emplace_back(std::string_view(grid_.Text(row, col_)));
+      number = static_cast<std::uint32_t>(texts_.size());
+    }
+    return number - 1;
   }
   std::vector<std::string> Take() { return std::move(texts_); }
 
  private:
   const FlexGrid& grid_;
   const int col_;
-  std::unordered_map<CellValue, std::uint32_t> indices_;
+  PerValue<std::uint32_t> numbers_;  // from 1
   std::vector<std::string> texts_;
 };
 
