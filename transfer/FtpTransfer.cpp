@@ -1,5 +1,7 @@
 #include "transfer/FtpTransfer.h"
 
+#include <utility>
+
 #include "core/RuntimeError.h"
 #include "core/files/modFileIO.h"
 #include "core/text/Conversion.h"
@@ -35,7 +37,7 @@ std::string BatchText(const std::string& folder) {
 
 }  // namespace
 
-FtpTransfer::FtpTransfer(const std::string& folder) : folder_(folder) {
+FtpTransfer::FtpTransfer(std::string folder) : folder_(std::move(folder)) {
   if (transferRuns) throw RuntimeError(ErrorKind::PermissionDenied);
   transferRuns = true;
 }

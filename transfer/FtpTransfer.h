@@ -20,7 +20,7 @@ extern const char kExchangeAddress[];
 class FtpTransfer {
  public:
   // `folder` has its trailing backslash. Raises PermissionDenied while another transfer runs.
-  explicit FtpTransfer(const std::string& folder);
+  explicit FtpTransfer(std::string folder);
   ~FtpTransfer();
   FtpTransfer(const FtpTransfer&) = delete;
   FtpTransfer& operator=(const FtpTransfer&) = delete;

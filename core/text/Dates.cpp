@@ -154,7 +154,7 @@ std::string DayAndMonthName(const Date& date) {
 // The locale's designator, or AM and PM where that holds what a file name or a line of a script
 // can't carry.
 std::string AmPmOf(int hour) {
-  const std::string designator = ThePlatform().AmPmDesignator(hour);
+  std::string designator = ThePlatform().AmPmDesignator(hour);
   std::string letters = designator;
   std::erase(letters, '.');
   if (IsAlphanumeric(letters)) return designator;
