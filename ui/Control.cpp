@@ -17,6 +17,13 @@ Control* focused = nullptr;
 // The controls by their windows.
 std::unordered_map<HWND, Control*> controlsByWindow;
 
+bool HasBorder(HWND window) {
+  constexpr LONG kBorders = WS_BORDER | WS_DLGFRAME | WS_THICKFRAME | WS_HSCROLL | WS_VSCROLL;
+  constexpr LONG kEdges = WS_EX_CLIENTEDGE | WS_EX_STATICEDGE | WS_EX_WINDOWEDGE;
+  return (GetWindowLongA(window, GWL_STYLE) & kBorders) != 0 ||
+         (GetWindowLongA(window, GWL_EXSTYLE) & kEdges) != 0;
+}
+
 // The window that has the keyboard, or the one a calendar or menu dropped down from.
 HWND ActiveFormWindow() {
   const HWND active = GetActiveWindow();
@@ -68,6 +75,7 @@ void Control::CreateControl(ControlParent& parent, int id, const char* windowCla
   window_ = window;
   controlsByWindow[window] = this;
   classProc_.Precede(window, &WindowProc);
+  hasTip_ = false;
   form_->Adopt(*this);
 }
 
@@ -119,7 +127,15 @@ LRESULT Control::OnMessage(UINT message, WPARAM wParam, LPARAM lParam) {
       RaiseKeyUp(key);
       return key.handled ? 0 : Default(message, wParam, lParam);
     }
+    case WM_NCPAINT:
+      // Most controls are all client area; fetching a device context to draw no border adds up.
+      return HasBorder(window_) ? Default(message, wParam, lParam) : 0;
     case WM_SETCURSOR:
+      // The mouse has come: soon enough for a tip, which start-up need not wait for.
+      if (!hasTip_ && !toolTip_.empty() && form_->PointerHasMoved()) {
+        hasTip_ = true;
+        form_->ShowToolTip(*this);
+      }
       // Before the control's own: a header or an edit would set its pointer over the hourglass.
       if (LOWORD(lParam) == HTCLIENT && form_->HoldPointer()) return TRUE;
       return Default(message, wParam, lParam);
@@ -201,7 +217,7 @@ void Control::Move(const PixelRect& bounds) {
 
 void Control::SetToolTip(const std::string& text) {
   toolTip_ = text;
-  if (window_ != nullptr) form_->ShowToolTip(*this);
+  if (window_ != nullptr && hasTip_) form_->ShowToolTip(*this);
 }
 
 void Control::ApplyFont(HFONT font) {

@@ -118,6 +118,7 @@ class Control {
   Form* form_ = nullptr;
   int id_ = 0;
   std::string toolTip_;
+  bool hasTip_ = false;  // whether the form's tip window knows it
   // INSERT went down with Shift or Ctrl held, which pastes and copies in a text.
   bool insertIsClipboards_ = false;
 };

@@ -81,6 +81,7 @@ void Form::Load() {
 
 void Form::Show() {
   Load();
+  GetCursorPos(&pointerAtShow_);
   for (Control* control : controls_) control->OnShowing();
   ShowWindow(window_, IsIconic(window_) ? SW_RESTORE : SW_SHOW);
   SetForegroundWindow(window_);

@@ -88,6 +88,7 @@ class Form : public BusyWindow, public ControlParent {
   }
   void Abandon() { unloading_ = true; }  // a control's object goes before its window did
   bool HoldPointer() const;              // true when the form sets the pointer itself
+  bool PointerHasMoved() const;          // since the form was shown
   const std::vector<Control*>& Controls() const { return controls_; }
 
  protected:
@@ -155,6 +156,7 @@ class Form : public BusyWindow, public ControlParent {
   HWND owner_ = nullptr;
   std::string caption_;
   PointerShape pointer_ = PointerShape::Normal;
+  POINT pointerAtShow_ = {};
   int dpi_ = kDefaultDpi;
   UniqueFont font_;
   ToolTips toolTips_;

@@ -163,6 +163,12 @@ bool Form::HoldPointer() const {
   return true;
 }
 
+bool Form::PointerHasMoved() const {
+  POINT at = {};
+  GetCursorPos(&at);
+  return at.x != pointerAtShow_.x || at.y != pointerAtShow_.y;
+}
+
 void Form::ShowPointer(PointerShape shape) {
   pointer_ = shape;
   POINT at = {};

@@ -13,7 +13,7 @@ struct ControlsTest : TryFormTest {
   ControlsTest() { form.Show(); }
 };
 
-TEST_F(ControlsTest, ATipFollowsItsTextAndComesBackWithItsForm) {
+TEST_F(ControlsTest, ATipComesWithTheMouseAndFollowsItsText) {
   const auto tip = [&] {
     HWND tips = nullptr;
     do tips = FindWindowExA(nullptr, tips, TOOLTIPS_CLASSA, nullptr);
@@ -28,11 +28,26 @@ TEST_F(ControlsTest, ATipFollowsItsTextAndComesBackWithItsForm) {
     SendMessageA(tips, TTM_GETTEXTA, sizeof text, reinterpret_cast<LPARAM>(&tool));
     return std::string(text);
   };
+  const auto comeOverButton = [&] {
+    SendMessageA(form.button.Handle(), WM_SETCURSOR, reinterpret_cast<WPARAM>(form.button.Handle()),
+                 MAKELPARAM(HTCLIENT, WM_MOUSEMOVE));
+  };
+  const auto movePointer = [] {
+    POINT at = {};
+    GetCursorPos(&at);
+    SetCursorPos(at.x + 1, at.y);
+  };
+  comeOverButton();  // as when a window appears under a pointer at rest
+  EXPECT_EQ(tip(), "no tip");
+  movePointer();
+  comeOverButton();
   EXPECT_EQ(tip(), "Tip of the button");
   form.button.SetToolTip("Another tip");
   EXPECT_EQ(tip(), "Another tip");
   form.Unload();
   form.Show();
+  movePointer();
+  comeOverButton();
   EXPECT_EQ(tip(), "Tip of the button");
 }
 
