@@ -1,6 +1,6 @@
 // The one door to the clerk and the machine: message boxes, the clock, the system's dialogs,
 // processes and pending window events. Nothing else in the program reaches them, so that a test
-// can stand in for all of it. Plain files are not here: they belong to core/modFileIO.
+// can stand in for all of it. Plain files are not here: they belong to core/files/modFileIO.
 #pragma once
 
 #include <memory>

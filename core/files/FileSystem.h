@@ -1,6 +1,6 @@
 // The few file operations that the system itself has to do, one implementation per system. Only
-// core/modFileIO builds on them. Every operation raises the RuntimeError that fits the system's
-// error code. Paths separate folders by a backslash on every system.
+// core/files/modFileIO builds on them. Every operation raises the RuntimeError that fits the
+// system's error code. Paths separate folders by a backslash on every system.
 #pragma once
 
 #include <cstddef>

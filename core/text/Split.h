@@ -60,11 +60,10 @@ class FirstPieces {
  public:
   FirstPieces(std::string_view text, char separator) {
     if (text.empty()) return;
-    std::size_t begin = 0;
-    for (std::size_t at = 0; at <= text.size() && count_ < kMost; ++at) {
-      if (at < text.size() && text[at] != separator) continue;
-      pieces_[count_++] = text.substr(begin, at - begin);
-      begin = at + 1;
+    for (std::size_t end = 0; count_ < kMost && end != text.npos; text.remove_prefix(end + 1)) {
+      end = text.find(separator);
+      pieces_[count_++] = text.substr(0, end);
+      if (end == text.npos) break;
     }
   }
 

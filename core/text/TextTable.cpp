@@ -16,11 +16,25 @@ std::uint64_t Mix(std::uint64_t hash, std::uint64_t word) {
   return hash ^ hash >> 32;
 }
 
-// Of up to eight bytes a number that no other text of the same length has.
-std::uint64_t WordOf(std::string_view text) {
-  std::uint64_t word = 0;
-  for (const char c : text) word = word << 8 | static_cast<unsigned char>(c);
+template <class Word>
+std::uint64_t WordAt(const char* bytes) {
+  Word word;
+  std::memcpy(&word, bytes, sizeof word);
   return word;
+}
+
+// Of up to eight bytes a number that no other text of the same length has: two words that may
+// overlap.
+std::uint64_t WordOf(std::string_view text) {
+  const char* const begin = text.data();
+  const char* const end = begin + text.size();
+  if (text.size() >= 4) {
+    return WordAt<std::uint32_t>(begin) << 32 | WordAt<std::uint32_t>(end - 4);
+  }
+  if (text.size() >= 2) {
+    return WordAt<std::uint16_t>(begin) << 16 | WordAt<std::uint16_t>(end - 2);
+  }
+  return text.empty() ? 0 : static_cast<unsigned char>(*begin);
 }
 
 }  // namespace
@@ -56,9 +70,7 @@ TextTable::Slot TextTable::SlotFor(std::string_view text) {
   Slot slot;
   slot.length = static_cast<std::uint32_t>(text.size());
   for (; text.size() > kWordBytes; text.remove_prefix(kWordBytes)) {
-    std::uint64_t word = 0;
-    std::memcpy(&word, text.data(), kWordBytes);
-    slot.word = Mix(slot.word, word);
+    slot.word = Mix(slot.word, WordAt<std::uint64_t>(text.data()));
   }
   slot.word = slot.length <= kWordBytes ? WordOf(text) : Mix(slot.word, WordOf(text));
   return slot;
