@@ -1,6 +1,5 @@
 #include "tests/support/FormDriver.h"
 
-#include <cctype>
 #include <chrono>
 #include <gtest/gtest.h>
 
@@ -77,12 +76,6 @@ void PressKey(int virtualKey) {
   // Released where the focus is by then.
   PostMessageA(GetFocus(), WM_KEYUP, key, KeyParameter(virtualKey, true));
   Pump();
-}
-
-void TypeText(const std::string& text) {
-  for (const char character : text) {
-    PressKey(std::toupper(static_cast<unsigned char>(character)));
-  }
 }
 
 void PickDay(const DatePicker& picker, const Date& day) {

@@ -55,9 +55,6 @@ void MouseOnCell(const FlexGridControl& grid, UINT message, int row, int col);
 // through the message loop, as a real one does.
 void PressKey(int virtualKey);
 
-// Types `text`, letters and digits, into the window with the focus.
-void TypeText(const std::string& text);
-
 // Chooses a date as a clerk does in the picker's calendar.
 void PickDay(const DatePicker& picker, const Date& day);
 

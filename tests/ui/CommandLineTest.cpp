@@ -8,11 +8,7 @@ namespace {
 
 TEST(CommandLineTest, QuotesProgramsAndRunsBatchFilesThroughTheInterpreter) {
   const std::string cmd = "C:\\Sys\\cmd.exe";
-  const struct {
-    const char* given;
-    bool namesFile;
-    const char* run;
-  } cases[] = {
+  const std::tuple<const char*, bool, const char*> cases[] = {
       {"notepad \"C:\\My Work\\a.txt\"", false, "\"notepad\" \"C:\\My Work\\a.txt\""},
       {"notepad", false, "\"notepad\""},
       {"\"C:\\My Tools\\x.exe\" -v", false, "\"C:\\My Tools\\x.exe\" -v"},
@@ -23,7 +19,9 @@ TEST(CommandLineTest, QuotesProgramsAndRunsBatchFilesThroughTheInterpreter) {
        "\"C:\\Sys\\cmd.exe\" /d /s /c \"\"C:\\R & D\\a.CMD\" one \"two\"\""},
       {"run.bat one", false, "\"C:\\Sys\\cmd.exe\" /d /s /c \"\"run.bat\" one\""},
   };
-  for (const auto& c : cases) EXPECT_EQ(CommandLineToRun(c.given, c.namesFile, cmd), c.run);
+  for (const auto& [given, namesFile, run] : cases) {
+    EXPECT_EQ(CommandLineToRun(given, namesFile, cmd), run);
+  }
 }
 
 }  // namespace

@@ -1,6 +1,8 @@
-// A form with one control of most kinds, whose handlers a test sets as it likes.
+// A form with a control of the kinds that differ in focus and keys, whose handlers a test sets as
+// it likes.
 #pragma once
 
+#include <array>
 #include <functional>
 #include <gmock/gmock.h>
 #include <string>
@@ -11,7 +13,6 @@
 #include "ui/Button.h"
 #include "ui/DatePicker.h"
 #include "ui/Form.h"
-#include "ui/ListControls.h"
 #include "ui/TextBox.h"
 
 namespace tallyrun::testing {
@@ -19,18 +20,16 @@ namespace tallyrun::testing {
 class TryForm : public Form {
  public:
   explicit TryForm(const char* name = "frmTry", bool endsProgram = false)
-      : Form(name, {.width = 400, .height = 300, .endsProgram = endsProgram}) {
+      : Form(name, {.width = 500, .height = 400, .endsProgram = endsProgram}) {
     On(button.Click, &TryForm::button_Click);
   }
 
-  TextBox editor;  // made first: lies over the others and comes first by Tab
+  TextBox editor;
   Button button;
   OptionButton optFirst;
   OptionButton optSecond;
-  CheckBox check;
-  ComboBox combo;
-  ListBox list;
   DatePicker date;
+  FlexGridControl grid;
 
   std::function<void()> onLoad = [] {};
   std::function<void()> onUnload = [] {};
@@ -42,33 +41,31 @@ class TryForm : public Form {
     button.Create(*this, 2, "Button", "Tip of the button");
     optFirst.Create(*this, 3, "First");
     optSecond.Create(*this, 4, "Second");
-    check.Create(*this, 5, "Check", "");
-    combo.Create(*this, 6);
-    list.Create(*this, 7);
-    date.Create(*this, 8);
+    date.Create(*this, 5);
+    grid.Create(*this, 6);
   }
 
   void Layout(LayoutArea& area) override {
-    for (Control* control : Controls()) {
-      area.TopRow({{*control, LayoutItem::kAllThatIsLeft, 0}});
-    }
+    area.TopRow({{editor, LayoutItem::kAllThatIsLeft, 0}});
+    area.TopRow({button, optFirst, optSecond, date});
+    area.Fill(grid, 0, 0);
   }
 
   void Form_Load() override { onLoad(); }
   void Form_Unload() override { onUnload(); }
-
- private:
   void button_Click() { onClick(); }
 };
 
 // One such form, not loaded yet, and a log of what its events tell.
-class TryFormTest : public ::testing::Test {
- protected:
-  void Log(Event<>& event, const std::string& name) {
-    event.Set([this, name] { log.push_back(name); });
-  }
-  void Log(Event<KeyEvent&>& event, const std::string& name) {
-    event.Set([this, name](KeyEvent& key) { log.push_back(name + std::to_string(key.key)); });
+struct TryFormTest : ::testing::Test {
+  // Sends a key's message while these keys are held.
+  static void SendKey(const Control& to, UINT message, int key, const std::vector<int>& held) {
+    std::array<BYTE, 256> state = {};
+    for (const int each : held) state[static_cast<std::size_t>(each)] = 0x80;
+    SetKeyboardState(state.data());
+    SendMessageA(to.Handle(), message, static_cast<WPARAM>(key), 0);
+    state = {};
+    SetKeyboardState(state.data());
   }
 
   RecordingPlatform platform;
