@@ -105,7 +105,7 @@ TEST_F(ControlTest, AControlThatDisappearsInAHandlerLeavesTheKeyboardAlive) {
   for (const bool hides : {true, false}) {
     form.editor.SetFocus();
     form.onClick = [&] { hides ? form.editor.SetVisible(false) : form.editor.SetEnabled(false); };
-    SendMessageA(form.button.Handle(), BM_CLICK, 0, 0);
+    form.button.Click.Raise();  // a click of the mouse would take the focus itself
     EXPECT_TRUE(!form.editor.HasFocus() && IsChild(form.Handle(), GetFocus()));
     form.editor.SetVisible(true);
     form.editor.SetEnabled(true);
