@@ -58,8 +58,6 @@ class GridCells {
     RequireInside(0, col);
     return columns_[static_cast<std::size_t>(col)];
   }
-  // The texts a cell can hold: every CellValue that is no number lies below this.
-  std::size_t DistinctTexts() const { return texts_.Size(); }
 
   // Puts the data rows into a new order: row 1 + i becomes what row order[i] was. Raises
   // InvalidCall unless `order` holds every data row once.

@@ -37,6 +37,7 @@ TEST_F(frmMainCheckTest, EveryOutcomeIsToldOverTheWindowsOwnCaption) {
       {header + "A X 9",
        {},
        "A X holding insufficient. Pay In quantity : 10 Holding balance : 9\r\n"},
+      {header + "A Y 10", {}, "A X holding balance missing.\r\n"},
       {header + "A X 10",
        {{"Holding balance checking completed.", "Checking Complete.", MessageIcon::Information}},
        ""},

@@ -8,15 +8,6 @@
 namespace tallyrun::testing {
 namespace {
 
-TEST(StartUpTest, EndsWithoutItsSettingsFile) {
-  const Workplace place(kShipped, "B\xFCro, 1. Stock");
-  DeleteFileA(place.File("program\\Tallyrun.ini").c_str());
-  Workday day(place.Folder());
-  EXPECT_EQ(day.Answer("OK"),
-            Notice("INI file not found.", "Tallyrun initialization file not found."));
-  day.Clerk().WaitForEnd();
-}
-
 TEST(StartUpTest, MendsItsSettingsInTheDialogAndGoesOn) {
   const Workplace place(kShipped, "B\xFCro, 1. Stock");
   // Of a key that stands twice the last counts; lines of other programs are passed over.

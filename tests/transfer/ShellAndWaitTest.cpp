@@ -14,40 +14,20 @@ struct CountedProcess : Process {
   int& polls;  // it ends when this comes to 0
 };
 
-struct ShellAndWaitTest : ::testing::Test {
-  ShellAndWaitTest() {
-    platform.onStart = [this](const std::string&, WindowMode) {
-      return std::make_unique<CountedProcess>(pollsLeft);
-    };
-  }
-  RecordingPlatform platform;
-  int pollsLeft = 0;
-};
-
-TEST_F(ShellAndWaitTest, WaitsForTheProcessAndLetsEventsRunEachTurn) {
-  int turns = 0;
-  platform.onPendingEvents = [&] { ++turns; };
-  for (const int timeoutSeconds : {0, 1000}) {
-    pollsLeft = 3;
-    ShellAndWait("x", timeoutSeconds);
-  }
-  EXPECT_EQ(turns, 8);
-  EXPECT_EQ(platform.started[0].mode, WindowMode::Hidden);
-  pollsLeft = 3;
-  platform.onPendingEvents = [] { throw ProgramEnding{}; };
-  EXPECT_THROW(ShellAndWait("x", 0), ProgramEnding);
-}
-
 // A time of day in milliseconds since midnight.
 ClockTime TimeOfDay(int milliseconds) {
   const int seconds = milliseconds / 1000;
   return {2010, 1, 5, seconds / 3600, seconds / 60 % 60, seconds % 60, milliseconds % 1000};
 }
 
-TEST_F(ShellAndWaitTest, ATimeoutEndsTheWaitPastMidnightToo) {
+TEST(ShellAndWaitTest, LetsEventsRunUntilTheProcessEndsOrTheTimeIsUpPastMidnightToo) {
+  constexpr int kDay = 86'400'000;
   const struct {
     int start, timeoutSeconds, step, end;  // all but the timeout in milliseconds
+    int polls = kDay;                      // until the process ends
   } cases[] = {
+      {0, 0, 500, 2'000, 3},
+      {0, 1000, 500, 2'000, 3},
       {10'000, 5, 500, 15'500},  // strictly past the end
       {10'600, 5, 100, 16'100},  // the start rounds to the nearest second,
       {10'500, 5, 100, 15'100},  // half a second to the even one
@@ -56,8 +36,9 @@ TEST_F(ShellAndWaitTest, ATimeoutEndsTheWaitPastMidnightToo) {
       {86'000'000, 399, 100, 86'399'100},
   };
   for (const auto& each : cases) {
-    constexpr int kDay = 86'400'000;
-    pollsLeft = kDay;
+    RecordingPlatform platform;
+    int polls = each.polls;
+    platform.onStart = [&](auto&&...) { return std::make_unique<CountedProcess>(polls); };
     int time = each.start;
     platform.now = TimeOfDay(time);
     platform.onPendingEvents = [&] {
@@ -66,6 +47,7 @@ TEST_F(ShellAndWaitTest, ATimeoutEndsTheWaitPastMidnightToo) {
     };
     ShellAndWait("x", each.timeoutSeconds);
     EXPECT_EQ(time, each.end);
+    EXPECT_EQ(platform.started[0].mode, WindowMode::Hidden);
   }
 }
 

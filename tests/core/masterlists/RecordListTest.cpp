@@ -2,52 +2,12 @@
 #include <optional>
 #include <random>
 
-#include "core/RuntimeError.h"
 #include "core/masterlists/RecordIndex.h"
 #include "core/masterlists/RecordList.h"
 #include "core/text/Conversion.h"
 
 namespace tallyrun {
 namespace {
-
-// The fields of a record joined by "|".
-std::string Record(const RecordList& list, int record) {
-  std::string fields;
-  for (int field = 1; field <= list.FieldCount(record); ++field) {
-    fields += (field > 1 ? "|" : "") + std::string(list.Field(record, field));
-  }
-  return fields;
-}
-
-TEST(RecordListTest, EveryLineIsARecordTheHeaderIncluded) {
-  RecordList list;
-  list.Read("S/N~ID~Name~Code\r\n1~a~~d\r\nalone\r\n2~b~c~d~more\r\n", 4);
-  ASSERT_EQ(list.Count(), 5);
-  EXPECT_EQ(Record(list, 1), "S/N|ID|Name|Code");
-  EXPECT_EQ(Record(list, 2), "1|a||d");
-  EXPECT_EQ(Record(list, 3), "alone");
-  EXPECT_EQ(Record(list, 4), "2|b|c|d");
-  EXPECT_EQ(Record(list, 5), "");
-  EXPECT_THROW(list.Field(3, 2), RuntimeError);
-  EXPECT_THROW(list.Field(6, 1), RuntimeError);
-  EXPECT_THROW(list.Field(0, 1), RuntimeError);
-}
-
-TEST(RecordListTest, AShortLineEndsTheReadAndRepairTakesCarriageReturnsOutOfTheLastField) {
-  RecordList list;
-  list.Read("old~old~old~old", 4);
-  EXPECT_THROW(list.Read("1~a~b~c\r\n2~a~b\r\n3~a~b~c", 4), RuntimeError);
-  ASSERT_EQ(list.Count(), 1);
-  EXPECT_EQ(Record(list, 1), "1|a|b|c");
-  list.Read("1~a~b~c\r\r\n2~a~b\r~c\r\r", 4);
-  list.RepairLast();
-  EXPECT_EQ(Record(list, 1), "1|a|b|c\r");
-  EXPECT_EQ(Record(list, 2), "2|a|b\r|c");
-  for (const char* text : {"", "1~a~b~c\r\n", "alone"}) {
-    list.Read(text, 4);
-    EXPECT_THROW(list.RepairLast(), RuntimeError) << text;
-  }
-}
 
 // Both indexes of a list that is large beside its alphabet, against a plain walk. Some records have
 // no such field.
@@ -64,7 +24,7 @@ TEST(RecordListTest, SearchesAgreeWithAWalkFromTheTop) {
   std::string text;
   for (int record = 0; record < 300; ++record) {
     fields.push_back(word(11));
-    text += "1~" + *fields.back() + "~x~y\r\n";
+    text += "1~" + *fields.back() + "~x~y~more~\r\n";
     if (random() % 8 != 0) continue;
     fields.push_back(std::nullopt);
     text += "aa\r\n";
@@ -92,8 +52,7 @@ TEST(RecordListTest, SearchesAgreeWithAWalkFromTheTop) {
                 return ToLower(field).find(ToLower(wanted)) != std::string::npos;
               }));
   }
-  EXPECT_EQ(containing.Find("a~x"), std::nullopt);
-  EXPECT_EQ(ContainingIndex(list, 9).Find(""), std::nullopt);
+  EXPECT_EQ(list.Count(), static_cast<int>(fields.size()) + 1);
 }
 
 }  // namespace

@@ -7,31 +7,17 @@
 #include <optional>
 #include <string>
 
-#include "core/RuntimeError.h"
 #include "core/files/modFileIO.h"
 #include "core/text/Conversion.h"
+#include "tests/support/ErrorOf.h"
 
-namespace tallyrun {
+namespace tallyrun::testing {
 namespace {
 
 const LCID kEnglishUk = MAKELCID(MAKELANGID(LANG_ENGLISH, SUBLANG_ENGLISH_UK), SORT_DEFAULT);
 
 // Automation takes wide text; the texts below are plain ASCII.
 std::wstring Wide(std::string_view text) { return {text.begin(), text.end()}; }
-
-template <class Step>
-auto ValueOf(Step step) -> std::optional<decltype(step())> {
-  try {
-    return step();
-  } catch (const RuntimeError&) {
-    return std::nullopt;
-  }
-}
-
-template <class Value>
-std::optional<Value> IfDone(HRESULT result, Value value) {
-  return SUCCEEDED(result) ? std::optional(value) : std::nullopt;
-}
 
 // Left out: a "$", which the system takes only where it is the locale's own currency; two signs
 // at once and commas behind the point, which are slips and no numbers to us; "&H" numbers past 31
@@ -49,10 +35,12 @@ TEST(ConversionSystemTest, NumbersAreThoseOfTheSystem) {
     const auto readWhole =
         VarI4FromStr(Wide(text).data(), kEnglishUk, LOCALE_NOUSEROVERRIDE, &whole);
     EXPECT_EQ(IsNumeric(text), SUCCEEDED(read)) << text;
-    const auto ours = ValueOf([&] { return ToDouble(text); });
-    EXPECT_EQ(ours.has_value(), SUCCEEDED(read)) << text;
-    EXPECT_DOUBLE_EQ(ours.value_or(0), SUCCEEDED(read) ? number : 0) << text;
-    EXPECT_EQ(ValueOf([&] { return LONG{ToInt32(text)}; }), IfDone(readWhole, whole)) << text;
+    if (IsNumeric(text)) {
+      EXPECT_DOUBLE_EQ(ToDouble(text), number) << text;
+    }
+    LONG ours = 0;
+    EXPECT_EQ(ErrorOf([&] { ours = ToInt32(text); }).empty(), SUCCEEDED(readWhole)) << text;
+    EXPECT_EQ(ours, SUCCEEDED(readWhole) ? whole : 0) << text;
   }
 }
 
@@ -73,12 +61,14 @@ TEST(ConversionSystemTest, DatesAreThoseOfTheSystem) {
     DATE number = 0;
     const HRESULT result = VarDateFromStr(Wide(text).data(), kEnglishUk,
                                           LOCALE_NOUSEROVERRIDE | VAR_DATEVALUEONLY, &number);
-    SYSTEMTIME date{};
-    if (SUCCEEDED(result)) VariantTimeToSystemTime(number, &date);
-    const auto theirs = IfDone(result, Date{date.wYear, date.wMonth, date.wDay});
+    std::optional<Date> theirs;
+    if (SYSTEMTIME date{}; SUCCEEDED(result)) {
+      VariantTimeToSystemTime(number, &date);
+      theirs = Date{date.wYear, date.wMonth, date.wDay};
+    }
     EXPECT_TRUE(ReadDate(text, today.wYear) == theirs) << text;
   }
 }
 
 }  // namespace
-}  // namespace tallyrun
+}  // namespace tallyrun::testing
