@@ -10,14 +10,10 @@ namespace {
 using namespace frmMainIds;
 using ::testing::ElementsAre;
 using ::testing::FieldsAre;
-using ::testing::IsEmpty;
 
 Message Question(const std::string& text, const std::string& title) {
   return {text, title, MessageIcon::Question, MessageButtons::YesNo};
 }
-
-const Message kSummarize =
-    Question("Are you sure to summarize individual BOs ISIN quantities?", "Confirm Summarize");
 
 class frmMainSheetTest : public MainWindowFixture {
  protected:
@@ -44,13 +40,9 @@ class frmMainSheetTest : public MainWindowFixture {
     EXPECT_TRUE(chosen);
   }
 
-  static std::string Row(std::string_view boId, std::string_view quantity,
-                         std::string_view reference = "old") {
-    return EntryCells({{EntryColumn::kTradeDate, "03-Jan-2010"},
-                       {EntryColumn::kBoId, boId},
-                       {EntryColumn::kIsinCode, "X"},
-                       {EntryColumn::kQuantity, quantity},
-                       {EntryColumn::kInternalRef, reference}});
+  static std::string Row(const std::string& boId, const std::string& quantity,
+                         const std::string& reference = "old") {
+    return "|||03-Jan-2010|||" + boId + "|||X||" + quantity + "|" + reference;
   }
   // The rows without their serial numbers.
   std::vector<std::string> Rows() {
@@ -61,33 +53,23 @@ class frmMainSheetTest : public MainWindowFixture {
 };
 
 TEST_F(frmMainSheetTest, SummarizeAsksSortsMergesAndNumbersAnew) {
+  const Message question =
+      Question("Are you sure to summarize individual BOs ISIN quantities?", "Confirm Summarize");
   const std::vector<std::string> rows = {Row("B", "5"), Row("A", "1"), Row("B", "7")};
-  const struct {
-    MessageAnswer answer;
-    const char* quantity;  // of the first row
-    std::vector<Message> boxes;
-    std::vector<std::string> left;
-  } cases[] = {
-      {MessageAnswer::No, "5", {kSummarize}, rows},
-      {MessageAnswer::Yes,
-       "5",
-       {kSummarize},
-       {Row("A", "1", "I1234560301101"), Row("B", "12", "I1234560301102")}},
-      // Where it ends with an error the reference numbers stay as they are.
-      {MessageAnswer::Yes,
-       "many",
-       {kSummarize, {"Type mismatch"}},
-       {Row("A", "1"), Row("B", "7"), Row("B", "many")}},
-  };
-  for (const auto& each : cases) {
-    FillRows(Sheet(), rows);
-    Sheet().SetText(1, EntryColumn::kQuantity, each.quantity);
-    platform.messages.clear();
-    platform.answers = {each.answer};
-    Click(kBtnSummarize);
-    EXPECT_EQ(platform.messages, each.boxes);
-    EXPECT_EQ(Rows(), each.left);
-  }
+  FillRows(Sheet(), rows);
+  Click(kBtnSummarize);  // declined
+  EXPECT_EQ(platform.TakeMessage(), question);
+  EXPECT_EQ(Rows(), rows);
+  platform.answers = {MessageAnswer::Yes, MessageAnswer::Yes};
+  Click(kBtnSummarize);
+  EXPECT_EQ(platform.TakeMessage(), question);
+  EXPECT_THAT(Rows(),
+              ElementsAre(Row("A", "1", "I1234560301101"), Row("B", "12", "I1234560301102")));
+  // Where it ends with an error the reference numbers stay as they are.
+  FillRows(Sheet(), {Row("B", "many"), Row("A", "1"), Row("B", "7")});
+  Click(kBtnSummarize);
+  EXPECT_THAT(platform.messages, ElementsAre(question, Message{"Type mismatch"}));
+  EXPECT_THAT(Rows(), ElementsAre(Row("A", "1"), Row("B", "7"), Row("B", "many")));
 }
 
 TEST_F(frmMainSheetTest, AnImportAndAutoFillLeaveTheRowsSorted) {
@@ -100,7 +82,7 @@ TEST_F(frmMainSheetTest, AnImportAndAutoFillLeaveTheRowsSorted) {
               ElementsAre(FieldsAre("Choose Text FIle",
                                     ElementsAre(FieldsAre("Text files (*.TXT)", "*.TXT"),
                                                 FieldsAre("All Files (*.*)", "*.*")))));
-  EXPECT_THAT(platform.messages, IsEmpty());
+  EXPECT_TRUE(platform.messages.empty());
   EXPECT_EQ(EntryMode, kPayOut);
   EXPECT_THAT(ColumnOf(Sheet(), EntryColumn::kQuantity), ElementsAre("6", "5"));
   EXPECT_THAT(ColumnOf(Sheet(), EntryColumn::kSerial), ElementsAre("1", "2"));
@@ -112,75 +94,68 @@ TEST_F(frmMainSheetTest, AnImportAndAutoFillLeaveTheRowsSorted) {
 }
 
 TEST_F(frmMainSheetTest, SaveAndReloadNameTheDaysFileAndADeclinedSwitchSkipsOneReload) {
-  const std::string file = "06-Jan-2010_PI_123456.txt";
   const Message save =
       Question("Are you sure to save the Pay In file of 06-Jan-2010 ?", "Save Confirmation");
-  const Message load =
-      Question("Are you sure to load the Pay In file of 06-Jan-2010 ?", "Load Confirmation");
   FillRows(Sheet(), {Row("A", "saved")});
   Click(kBtnSave);
   EXPECT_EQ(platform.TakeMessage(), save);
-  EXPECT_FALSE(folder.Has(file));
+  EXPECT_EQ(folder.EntryCount(), 0);
   platform.answers = {MessageAnswer::Yes};
   Click(kBtnSave);
   EXPECT_THAT(platform.messages,
               ElementsAre(save, Message{"Pay In file of 06-Jan-2010 saved successfully.",
                                         "File Saved.", MessageIcon::Information}));
-  EXPECT_TRUE(folder.Has(file));
-  Sheet().SetText(1, EntryColumn::kQuantity, "edited");
-  const std::vector<std::string> edited = RowsOf(Sheet());
+  EXPECT_TRUE(folder.Has("06-Jan-2010_PI_123456.txt"));
+  FillRows(Sheet(), {Row("A", "edited"), Row("B", "2")});
   Click(kOptPayOut);  // declined
   for (const MessageAnswer answer : {MessageAnswer::No, MessageAnswer::Yes, MessageAnswer::Yes}) {
-    EXPECT_EQ(RowsOf(Sheet()), edited);
+    EXPECT_THAT(Rows(), ElementsAre(Row("A", "edited"), Row("B", "2")));
     platform.messages.clear();
     platform.answers = {answer};
     Click(kBtnReload);
-    EXPECT_EQ(platform.TakeMessage(), load);
+    EXPECT_EQ(
+        platform.TakeMessage(),
+        Question("Are you sure to load the Pay In file of 06-Jan-2010 ?", "Load Confirmation"));
   }
   EXPECT_EQ(Sheet().Text(1, EntryColumn::kQuantity), "saved");
 }
 
 TEST_F(frmMainSheetTest, TheMenuCopiesPastesAndDeletes) {
-  FillRows(Sheet(), {"1|||||C1|id|name", "2", "3", "4"});
+  const std::string account = "|||||C1|id|name|||||";
+  FillRows(Sheet(), {"1" + account, "2", "3", "4"});
   ChooseFromMenu(4, EntryColumn::kBoId, kPaste);  // nothing was copied yet
   ChooseFromMenu(1, EntryColumn::kQuantity, kCopy);
   Sheet().SetRow(2);
   Sheet().SetCol(EntryColumn::kBoId);
   Sheet().SetRowSel(3);
   ChooseFromMenu(3, EntryColumn::kBoId, kPaste);  // a click on the block leaves it selected
-  const auto rows = [this] { return RowsOf(Sheet()); };
-  EXPECT_THAT(rows(), ElementsAre("1|||||C1|id|name|||||", "2|||||C1|id|name|||||",
-                                  "3|||||C1|id|name|||||", "4||||||||||||"));
+  EXPECT_THAT(RowsOf(Sheet()),
+              ElementsAre("1" + account, "2" + account, "3" + account, "4||||||||||||"));
   ChooseFromMenu(1, EntryColumn::kClientCode, kDelete);
   EXPECT_EQ(platform.TakeMessage().title, "Delete Confirmation");
   platform.answers = {MessageAnswer::Yes};
   ChooseFromMenu(1, EntryColumn::kClientCode, kDelete);
-  EXPECT_THAT(rows(),
-              ElementsAre("1|||||C1|id|name|||||", "2|||||C1|id|name|||||", "3||||||||||||"));
+  EXPECT_THAT(RowsOf(Sheet()), ElementsAre("1" + account, "2" + account, "3||||||||||||"));
 }
 
 TEST_F(frmMainSheetTest, EnterAndDoubleClickOpenTheCellsThatFreeEntryAllows) {
   const struct {
-    bool freeEntry, doubleClick;
+    bool doubleClick;
     const char* editable;  // one mark for each column, 0 to 12
-  } cases[] = {
-      {false, false, "--xxxxx-xx-x-"},
-      {false, true, "---xxxx-xx-x-"},
-      {true, false, "xxxxxxxxxxxxx"},
-      {true, true, "---xxxxxxxxx-"},
-  };
+  } cases[] = {{false, "--xxxxx-xx-x-"},
+               {true, "---xxxx-xx-x-"},
+               {false, "xxxxxxxxxxxxx"},  // from here on with Free Entry
+               {true, "---xxxxxxxxx-"}};
   Edit(1, EntryColumn::kClientCode);  // the editors are made with the first edit
-  PressKey(VK_ESCAPE);
   for (const auto& each : cases) {
-    if (On<CheckBox>(kChkFreeEntry).Value() != each.freeEntry) Click(kChkFreeEntry);
+    if (&each == cases + 2) Click(kChkFreeEntry);
     std::string opened;
     for (int col = 0; col < EntryColumn::kCount; ++col) {
+      On(kFlxEntries).SetFocus();
       each.doubleClick ? Mouse(WM_LBUTTONDBLCLK, 1, col) : Edit(1, col);
-      const bool isOpen = On(kTxtEditor).Visible() || On(kDtpDate).Visible();
-      opened += isOpen ? 'x' : '-';
-      if (isOpen) PressKey(VK_ESCAPE);
+      opened += IsEditing() ? 'x' : '-';
     }
-    EXPECT_EQ(opened, each.editable) << each.freeEntry << each.doubleClick;
+    EXPECT_EQ(opened, each.editable);
   }
   EditText(1, EntryColumn::kClientCode, "C1");
   EXPECT_EQ(Sheet().Text(1, EntryColumn::kBoName), "");

@@ -1,4 +1,4 @@
-// The list window's search, and what its buttons ask, tell and do to the files of a list.
+// What the list window's buttons ask, tell and do to the files of a list, and the texts of both.
 #include <gmock/gmock.h>
 
 #include "tests/support/ListWindowFixture.h"
@@ -8,69 +8,16 @@ namespace {
 
 using namespace frmListIds;
 using ::testing::ElementsAre;
-using ::testing::IsEmpty;
 
 constexpr char kBackup[] = "2010-05-06_14-30-05_BO.txt";
 
-class frmListFilesTest : public ListWindowFixture {
- protected:
-  frmListFilesTest() { platform.now = {2010, 5, 6, 14, 30, 5, 0}; }
-
-  // The boxes that a click brings, answered with Yes or No.
-  std::vector<Message> BoxesOf(int button, MessageAnswer answer = MessageAnswer::Yes) {
-    platform.messages.clear();
-    platform.answers = {answer};
-    Click(button);
-    return platform.messages;
-  }
-  std::string ClientCode() { return Grid().Text(1, 3); }
-};
-
-class frmListSearchTest : public ListWindowFixture {
- protected:
-  void Search(const std::string& text) {
-    On(kTxtItem).SetFocus();
-    On(kTxtItem).SetText(text);
-    PressKey(VK_RETURN);
-    EXPECT_TRUE(On(kTxtItem).HasFocus());
-  }
-  void ExpectTextSelected(int length) {
-    EXPECT_EQ(SendMessageA(On(kTxtItem).Handle(), EM_GETSEL, 0, 0), MAKELONG(0, length));
-  }
-};
-
-TEST_F(frmListSearchTest, AFoundRowIsSelectedUpToItsNameAndTheTextWaitsToBeTypedOver) {
-  std::vector<std::string> rows;
-  for (int row = 1; row <= 200; ++row) rows.push_back("|id|name " + std::to_string(row) + "|c");
-  FillRows(Grid(), rows);
-  Grid().SetTopRow(1);
-  const std::pair<const char*, int> found[] = {
-      {" name 2 ", 2}, {"name 150", 150}, {"name 152", 152}};
-  for (const auto& [text, row] : found) {
-    Search(text);
-    EXPECT_EQ(std::vector({Grid().Row(), Grid().RowSel(), Grid().Col(), Grid().ColSel()}),
-              std::vector({row, row, 0, 2}));
-    EXPECT_EQ(Grid().TopRow(), row == 2 ? 1 : 150);  // a row in sight stays where it is
-    ExpectTextSelected(8);
-  }
-  Search("  ");
-  EXPECT_THAT(platform.messages, IsEmpty());
-  Search("NAME 2");
-  EXPECT_EQ(platform.TakeMessage(),
-            (Message{"There is no such BO in the list.", "BO Not Found.", MessageIcon::Critical}));
-  EXPECT_EQ(Grid().Row(), 152);
-  ExpectTextSelected(6);
-  Choose(kIsinKind);
-  Search("BIJAY");
-  EXPECT_EQ(platform.TakeMessage(), (Message{"There is no such ISIN in the list.", "BO Not Found.",
-                                             MessageIcon::Critical}));
-}
+using frmListFilesTest = ListWindowFixture;
 
 TEST_F(frmListFilesTest, SaveReloadAndBackupAskAndTell) {
   const std::string saved = folder.Read("BO.txt");
   const Message reload = {"Are you sure to reload the list?", "Reload Confirmation",
                           MessageIcon::Question, MessageButtons::YesNo};
-  Grid().SetText(1, 3, "C777");
+  Enter(1, 3, "C777");
   EXPECT_THAT(BoxesOf(kBtnSaveAsBackup),
               ElementsAre(Message{"Backup taken successfully.", "Backup succeeded.",
                                   MessageIcon::Information}));
@@ -79,21 +26,34 @@ TEST_F(frmListFilesTest, SaveReloadAndBackupAskAndTell) {
   EXPECT_EQ(ClientCode(), "C777");
   EXPECT_THAT(BoxesOf(kBtnReload), ElementsAre(reload));
   EXPECT_EQ(ClientCode(), "C001");
-  Grid().SetText(1, 3, "C778");
+  Enter(1, 3, "C778");
   EXPECT_THAT(BoxesOf(kBtnSave),
               ElementsAre(Message{"Saved successfully.", "Saved.", MessageIcon::Information}));
   EXPECT_NE(folder.Read("BO.txt").find("C778"), std::string::npos);
+  EXPECT_EQ(BoList.Field(2, BoField::kClientCode), "C778");
+  EXPECT_EQ(IsinList.Count(), 0);  // its lookups alone are refreshed
+  Settings.backupLocation += "gone\\";
+  for (const int button : {kBtnSave, kBtnSaveAsBackup}) {
+    EXPECT_THAT(BoxesOf(button), ElementsAre(Message{"Path not found"}));
+  }
+}
 
+TEST_F(frmListFilesTest, ABlankRowStopsEveryUseOfTheList) {
   Click(kBtnAdd);
-  const int entries = folder.EntryCount();
   for (const int button : {kBtnSave, kBtnSaveAsBackup, kBtnUpdateList}) {
     Grid().SetRow(1);
     EXPECT_THAT(BoxesOf(button), ElementsAre(Message{"Blank row (row number 4) cannot be saved.",
                                                      "Blank Row Found.", MessageIcon::Critical}));
-    EXPECT_EQ(std::vector({Grid().Row(), Grid().Col(), Grid().ColSel()}), std::vector({4, 0, 3}));
+    EXPECT_THAT(std::vector({Grid().Row(), Grid().Col(), Grid().ColSel()}), ElementsAre(4, 0, 3));
   }
-  EXPECT_EQ(folder.EntryCount(), entries);
-  EXPECT_THAT(platform.started, IsEmpty());
+  EXPECT_EQ(folder.EntryCount(), 2);
+  EXPECT_TRUE(platform.started.empty());
+  for (const int col : {1, 2, 3}) {
+    Grid().SetText(4, col, "\r");  // what ends a file is text
+    EXPECT_EQ(BoxesOf(kBtnSave).back().title, "Saved.") << col;
+    Grid().SetText(4, col, " ");
+    EXPECT_EQ(BoxesOf(kBtnSave).back().title, "Blank Row Found.");
+  }
   EXPECT_EQ(BoxesOf(kBtnRemove).size(), 1u);
   EXPECT_EQ(Grid().Rows(), 4);
   MouseOnCell(On<FlexGridControl>(kFlxList), WM_LBUTTONDBLCLK, 2, 2);
@@ -103,28 +63,46 @@ TEST_F(frmListFilesTest, SaveReloadAndBackupAskAndTell) {
   EXPECT_FALSE(form.IsLoaded());
 }
 
-TEST_F(frmListFilesTest, ABackupIsDeletedAfterAQuestionAndTheMainFileNever) {
+TEST_F(frmListFilesTest, TheBackupFrameLoadsAndDeletesAndLeavesNothingElseToDo) {
   const Message question = {"Are you sure to delete the selected backup?", "Delete Confirmation",
                             MessageIcon::Critical, MessageButtons::YesNo};
-  folder.Write(kBackup, "old");
-  folder.Write("a_BO.txt", "older");
+  const auto expectOthersEnabled = [this](bool enabled) {
+    for (int id = kCmbListOf; id <= kBtnClose; ++id) EXPECT_EQ(On(id).Enabled(), enabled) << id;
+    EXPECT_EQ(On(kFrameBackup).Visible(), !enabled);
+  };
+  for (const char* name : {kBackup, "a_bo.TXT", "a_ISIN.txt", "a_PI.txt", "BO.txt.old"}) {
+    folder.Write(name, folder.Read("BO.txt"));
+  }
+  Enter(1, 3, "C777");
   Click(kBtnLoadBackup);
+  expectOthersEnabled(false);
   EXPECT_EQ(On(kLblTitle_Backup).Text(), "List of BOs");
+  PressKey(VK_INSERT);
+  EXPECT_EQ(Grid().Rows(), 4);
   EXPECT_THAT(BoxesOf(kBtnDelete_Backup),
               ElementsAre(Message{"This is currently the main file. You cannot delete this.",
                                   "Deletion Failed", MessageIcon::Critical}));
   Backups().SetListIndex(1);
   EXPECT_THAT(BoxesOf(kBtnDelete_Backup, MessageAnswer::No), ElementsAre(question));
-  EXPECT_EQ(folder.EntryCount(), 4);
+  EXPECT_TRUE(folder.Has("a_bo.TXT"));
   EXPECT_THAT(BoxesOf(kBtnDelete_Backup),
               ElementsAre(question, Message{"Backup deleted successfully.", "Delete Succeeded",
                                             MessageIcon::Information}));
-  EXPECT_FALSE(folder.Has("a_BO.txt"));
+  EXPECT_FALSE(folder.Has("a_bo.TXT"));
   EXPECT_EQ(Backups().ItemText(2), "") << "two are left";
   EXPECT_EQ(Backups().ListIndex(), 0);
+  SendMessageA(GetParent(Backups().Handle()), WM_COMMAND, MAKEWPARAM(kLstBackups, LBN_DBLCLK),
+               reinterpret_cast<LPARAM>(Backups().Handle()));
+  EXPECT_EQ(ClientCode(), "C001");
+  expectOthersEnabled(true);
+  // A backup that another program deletes keeps its entry.
+  Click(kBtnLoadBackup);
+  Backups().SetListIndex(0);
+  folder.Remove(kBackup);
+  EXPECT_THAT(BoxesOf(kBtnDelete_Backup), ElementsAre(question, Message{"File not found"}));
+  EXPECT_EQ(Backups().ItemText(0), "2010-05-06_14-30-05");
   Click(kBtnCancel_Backup);
-  EXPECT_FALSE(On(kFrameBackup).Visible());
-  EXPECT_TRUE(On(kBtnSave).Enabled());
+  expectOthersEnabled(true);
 }
 
 TEST_F(frmListFilesTest, EveryReceiveKeepsTheListBeforeIt) {
@@ -147,7 +125,8 @@ TEST_F(frmListFilesTest, EveryReceiveKeepsTheListBeforeIt) {
   EXPECT_EQ(folder.EntryCount(), 4);
 }
 
-TEST_F(frmListFilesTest, EachListHasItsTextsAndWidths) {
+TEST_F(frmListFilesTest, EachListHasItsTextsAndWidthsAndBeginsInItsFirstDataColumn) {
+  EXPECT_EQ(Grid().Col(), 1);
   const struct {
     const char *kind, *captions, *updateCaption, *updateTip;
     std::vector<int> margins;  // beside the captions, twips
@@ -162,14 +141,14 @@ TEST_F(frmListFilesTest, EachListHasItsTextsAndWidths) {
        "Send",
        "Send the list of BOs to KTX. These BOs will be included in the holding reports you receive "
        "from KTX.",
-       {200, 200, 2000, 200}},
-  };
+       {200, 200, 2000, 200}}};
   for (const auto& each : cases) {
     const std::string title = std::string("List of ") + each.kind + "s";
     folder.Write(std::string(each.kind) + ".txt", each.captions);
+    Grid().SelectRow(Grid().Rows() - 1);
     Choose(each.kind);
-    EXPECT_EQ(form.Caption(), "Tallyrun v1.0 : " + title);
-    EXPECT_EQ(On(kCmbListOf).Text(), title);
+    EXPECT_THAT(std::vector({Grid().Row(), Grid().Col(), Grid().ColSel()}), ElementsAre(1, 1, 1));
+    EXPECT_EQ(Grid().Text(1, 1), "") << "nothing of the other list";
     EXPECT_EQ(On(kLblSelect).Text(), std::string("Select ") + each.kind + " :");
     EXPECT_EQ(
         On(kFlxList).ToolTip(),
@@ -196,8 +175,7 @@ TEST_F(frmListFilesTest, EachListHasItsTextsAndWidths) {
       {kLstBackups, "List of backups"},
       {kBtnLoad_Backup, "Load the selected backup in the list."},
       {kBtnCancel_Backup, "Cancel loading any backup."},
-      {kBtnDelete_Backup, "Load the selected backup in the list."},
-  };
+      {kBtnDelete_Backup, "Load the selected backup in the list."}};
   for (const auto& [id, tip] : tips) EXPECT_EQ(On(id).ToolTip(), tip);
 }
 

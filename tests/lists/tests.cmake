@@ -1,9 +1,2 @@
-list(APPEND portable_tests
-  lists/BackupFilesTest.cpp
-  lists/ListExchangeTest.cpp
-  lists/ListRowsTest.cpp
-)
-list(APPEND windows_tests
-  lists/frmListFilesTest.cpp
-  lists/frmListTest.cpp
-)
+list(APPEND portable_tests lists/ListExchangeTest.cpp)
+list(APPEND windows_tests lists/frmListFilesTest.cpp lists/frmListTest.cpp)

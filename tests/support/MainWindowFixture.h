@@ -43,6 +43,9 @@ class MainWindowFixture : public EntrySheetFixture {
     On(frmMainIds::kTxtEditor).SetText(text);
     PressKey(VK_RETURN);
   }
+  bool IsEditing() {
+    return On(frmMainIds::kTxtEditor).Visible() || On(frmMainIds::kDtpDate).Visible();
+  }
   std::optional<Date> PickedDay() { return On<DatePicker>(frmMainIds::kDtpPayInOrPayOut).Value(); }
 
   frmMain window;
