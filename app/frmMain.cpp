@@ -1,8 +1,6 @@
 #include "app/frmMain.h"
 
 #include <algorithm>
-#include <exception>
-#include <initializer_list>
 
 #include "app/CellPaste.h"
 #include "app/CellRules.h"
@@ -218,7 +216,6 @@ void frmMain::flxEntries_RightClick(POINT at) { mnuCopyCell.Show(flxEntries, at)
 void frmMain::ShowCellEditor() {
   const int row = Grid().Row();
   const int col = Grid().Col();
-  if (row < 1) return;  // a sheet without rows has no cell to edit
   if (IsDateColumn(col)) {
     if (const std::optional<Date> date = EditorDateFor(Grid(), row, col)) dtpDate.SetValue(*date);
     cellEditor_.Open(dtpDate);

@@ -11,7 +11,7 @@ namespace tallyrun {
 namespace {
 
 // What follows the stamp in a backup's file name.
-std::string EndingOf(const std::string& kind) { return "_" + ListFileNameOf(kind); }
+std::string EndingOf(const std::string& kind) { return "_" + ListFileName(kind); }
 
 // Windows finds a file in any letter case, so an entry is one however its file was named.
 bool IsSameName(std::string_view a, std::string_view b) { return ToLower(a) == ToLower(b); }
@@ -31,14 +31,14 @@ std::string BackupPathAt(const std::string& kind, const ClockTime& moment) {
 }
 
 std::vector<std::string> BackupEntries(const std::string& kind) {
-  std::vector<std::string> names = ListFiles(Settings.backupLocation + "*" + ListFileNameOf(kind));
+  std::vector<std::string> names = ListFiles(Settings.backupLocation + "*" + ListFileName(kind));
   if (names.front().empty()) return {};
   for (std::string& name : names) name = EntryOf(name, EndingOf(kind));
   return names;
 }
 
 bool IsMainFileEntry(const std::string& kind, const std::string& entry) {
-  return IsSameName(entry, ListFileNameOf(kind));
+  return IsSameName(entry, ListFileName(kind));
 }
 
 std::string BackupEntryPath(const std::string& kind, const std::string& entry) {

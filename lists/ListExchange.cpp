@@ -29,7 +29,7 @@ std::optional<std::string> Download(const std::string& folder, const std::string
                                     const std::string& backup) {
   const FtpTransfer transfer(folder);
   if (FileExists(list) && !CopyTextFile(list, backup)) return std::nullopt;
-  return transfer.RunFtpScript({"get " + ListFileNameOf(kIsinKind)});
+  return transfer.RunFtpScript({"get " + ListFileName(kIsinKind)});
 }
 
 void RestoreList(const std::string& list, const std::string& backup) {
@@ -60,7 +60,7 @@ void ReceiveIsinList(BusyWindow& window, const std::function<void(const std::str
   BusyScope busy(window);
   busy.Show("Receiving list of ISINs from KTX...Please wait...");
   const std::string folder = Settings.backupLocation;
-  const std::string list = ListFilePathOf(kIsinKind);
+  const std::string list = ListFilePath(kIsinKind);
   const std::string backup = BackupPathAt(kIsinKind, ThePlatform().Now());
   const std::optional<std::string> output = Download(folder, list, backup);
   if (!output) return;

@@ -39,10 +39,10 @@ const Kind& Named(const std::string& kind) { return kind == kBoKind ? kBo : kIsi
 
 std::string CurrentListKind;
 
-std::string ListFileNameOf(const std::string& kind) { return kind + ".txt"; }
+std::string ListFileName(const std::string& kind) { return kind + ".txt"; }
 
-std::string ListFilePathOf(const std::string& kind) {
-  return Settings.backupLocation + ListFileNameOf(kind);
+std::string ListFilePath(const std::string& kind) {
+  return Settings.backupLocation + ListFileName(kind);
 }
 
 ListTexts ListTextsOf(const std::string& kind) {

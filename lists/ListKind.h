@@ -14,9 +14,9 @@ inline constexpr char kIsinKind[] = "ISIN";
 // The list that the list window shows. Set by whoever opens the window, and by its list chooser.
 extern std::string CurrentListKind;
 
-std::string ListFileNameOf(const std::string& kind);  // "BO.txt"
+std::string ListFileName(const std::string& kind);  // "BO.txt"
 // The list file in the working folder.
-std::string ListFilePathOf(const std::string& kind);
+std::string ListFilePath(const std::string& kind);
 
 // What the list window shows for a kind.
 struct ListTexts {

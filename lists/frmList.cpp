@@ -1,8 +1,9 @@
 #include "lists/frmList.h"
 
+#include <initializer_list>
+
 #include "core/Platform.h"
 #include "core/entry/BoIdFormat.h"
-#include "core/entry/Settings.h"
 #include "core/files/modFileIO.h"
 #include "core/grid/ColumnWidths.h"
 #include "core/grid/GridRows.h"
@@ -21,7 +22,31 @@ constexpr int kBoIdCol = 1;
 }  // namespace
 
 frmList::frmList()
-    : Form(frmListIds::kWindowClass, {.width = 760, .height = 480, .fontFace = "Tahoma"}) {}
+    : Form(frmListIds::kWindowClass, {.width = 760, .height = 480, .fontFace = "Tahoma"}) {
+  ConnectHandlers();
+}
+
+void frmList::ConnectHandlers() {
+  On(KeyUp, &frmList::Form_KeyUp);
+  On(cmbListOf.Click, &frmList::cmbListOf_Click);
+  On(txtItem.KeyDown, &frmList::txtItem_KeyDown);
+  On(flxList.DblClick, &frmList::flxList_DblClick);
+  On(flxList.KeyPress, &frmList::flxList_KeyPress);
+  cellEditor_.Use(txtEditor);
+  On(cellEditor_.Keep, &frmList::txtEditor_Keep);
+  On(btnAdd.Click, &frmList::btnAdd_Click);
+  On(btnRemove.Click, &frmList::btnRemove_Click);
+  On(btnReload.Click, &frmList::btnReload_Click);
+  On(btnSave.Click, &frmList::btnSave_Click);
+  On(btnSaveAsBackup.Click, &frmList::btnSaveAsBackup_Click);
+  On(btnLoadBackup.Click, &frmList::btnLoadBackup_Click);
+  On(btnUpdateList.Click, &frmList::btnUpdateList_Click);
+  On(btnClose.Click, &frmList::btnClose_Click);
+  On(lstBackups.DblClick, &frmList::lstBackups_DblClick);
+  On(btnLoad_Backup.Click, &frmList::btnLoad_Backup_Click);
+  On(btnCancel_Backup.Click, &frmList::btnCancel_Backup_Click);
+  On(btnDelete_Backup.Click, &frmList::btnDelete_Backup_Click);
+}
 
 void frmList::Show() {
   if (IsLoaded()) CurrentListKind = ChosenKind();
@@ -100,7 +125,7 @@ void frmList::btnReload_Click() {
   if (!Ask("Are you sure to reload the list?", "Reload Confirmation", MessageIcon::Question)) {
     return;
   }
-  LoadFileIntoGrid(Settings.backupLocation + ListFileName, Grid());
+  LoadFileIntoGrid(ListFilePath(CurrentListKind), Grid());
 }
 
 void frmList::btnSave_Click() { SaveList(); }
@@ -109,7 +134,7 @@ void frmList::btnSaveAsBackup_Click() {
   // The grid is checked although the backup is a copy of the file.
   if (HasBlankRow(Grid())) return;
   const std::string backup = BackupPathAt(CurrentListKind, ThePlatform().Now());
-  if (!CopyTextFile(ListFilePathOf(CurrentListKind), backup)) return;
+  if (!CopyTextFile(ListFilePath(CurrentListKind), backup)) return;
   Tell("Backup taken successfully.", "Backup succeeded.", MessageIcon::Information);
 }
 
@@ -117,13 +142,11 @@ void frmList::btnLoadBackup_Click() {
   EnableControls(false);
   frameBackup.SetVisible(true);
   for (Control* control :
-       {static_cast<Control*>(&frameBackup), static_cast<Control*>(&lstBackups),
-        static_cast<Control*>(&btnLoad_Backup), static_cast<Control*>(&btnDelete_Backup),
-        static_cast<Control*>(&btnCancel_Backup)}) {
+       std::initializer_list<Control*>{&frameBackup, &lstBackups, &btnLoad_Backup,
+                                       &btnDelete_Backup, &btnCancel_Backup, &lblTitle_Backup}) {
     control->SetEnabled(true);
   }
   lblTitle_Backup.SetText(ListTextsOf(CurrentListKind).title);
-  lblTitle_Backup.SetEnabled(true);
   lstBackups.SetFocus();
   FillBackupList();
 }
@@ -138,7 +161,7 @@ void frmList::btnUpdateList_Click() {
 
 // The clerk may have switched the list meanwhile, or the working folder.
 void frmList::ShowReceivedList(const std::string& path) {
-  if (CurrentListKind != kIsinKind || path != ListFilePathOf(kIsinKind)) return;
+  if (CurrentListKind != kIsinKind || path != ListFilePath(kIsinKind)) return;
   cellEditor_.Close();  // its cell has other rows around it now
   LoadFileIntoGrid(path, Grid());
 }
@@ -191,17 +214,16 @@ void frmList::SetupListGrid() {
   flxList.SetToolTip(texts.gridToolTip);
   btnUpdateList.SetText(texts.updateCaption);
   btnUpdateList.SetToolTip(texts.updateToolTip);
-  ListFileName = ListFileNameOf(CurrentListKind);
 }
 
 void frmList::LoadList() {
   SetupListGrid();
-  LoadFileIntoGrid(Settings.backupLocation + ListFileName, Grid());
+  LoadFileIntoGrid(ListFilePath(CurrentListKind), Grid());
 }
 
 void frmList::SaveList() {
   if (HasBlankRow(Grid())) return;
-  const std::string path = Settings.backupLocation + ListFileName;
+  const std::string path = ListFilePath(CurrentListKind);
   SaveGridToFile(Grid(), path);
   Tell("Saved successfully.", "Saved.", MessageIcon::Information);
   if (CurrentListKind == kBoKind) {
@@ -212,8 +234,6 @@ void frmList::SaveList() {
 }
 
 void frmList::BeginCellEdit() {
-  // A list file that holds nothing but its captions leaves no cell to edit.
-  if (Grid().Row() == 0) return;
   cellEditor_.Open(txtEditor, Grid().Text(Grid().Row(), Grid().Col()));
 }
 

@@ -85,7 +85,6 @@ class frmList : public Form {
   Button btnDelete_Backup;
 
   CellEditor cellEditor_{flxList};
-  std::string ListFileName;
 };
 
 }  // namespace tallyrun

@@ -1,4 +1,4 @@
-// The list window's controls: their making, their dispatch table and their places.
+// The list window's controls, made in the order of Tab, and their places.
 #include <algorithm>
 
 #include "lists/ListKind.h"
@@ -19,7 +19,7 @@ constexpr char kLoadHint[] = "Load the selected backup in the list.";
 
 }  // namespace
 
-// In the order of Tab. The frame and the editor lie over the grid, so they are made before it.
+// The frame and the editor lie over the grid, so they are made before it.
 void frmList::CreateControls() {
   namespace ids = frmListIds;
   CreateBackupFrame();
@@ -39,7 +39,6 @@ void frmList::CreateControls() {
                        "Load the list from backup.");
   btnUpdateList.Create(*this, ids::kBtnUpdateList, "Send");
   btnClose.Create(*this, ids::kBtnClose, "Close", "Close the list and get back to data entry.");
-  ConnectHandlers();
 }
 
 void frmList::CreateBackupFrame() {
@@ -52,28 +51,6 @@ void frmList::CreateBackupFrame() {
   btnCancel_Backup.Create(frameBackup, ids::kBtnCancel_Backup, "Cancel",
                           "Cancel loading any backup.");
   btnDelete_Backup.Create(frameBackup, ids::kBtnDelete_Backup, "Delete", kLoadHint);
-}
-
-void frmList::ConnectHandlers() {
-  On(KeyUp, &frmList::Form_KeyUp);
-  On(cmbListOf.Click, &frmList::cmbListOf_Click);
-  On(txtItem.KeyDown, &frmList::txtItem_KeyDown);
-  On(flxList.DblClick, &frmList::flxList_DblClick);
-  On(flxList.KeyPress, &frmList::flxList_KeyPress);
-  cellEditor_.Use(txtEditor);
-  On(cellEditor_.Keep, &frmList::txtEditor_Keep);
-  On(btnAdd.Click, &frmList::btnAdd_Click);
-  On(btnRemove.Click, &frmList::btnRemove_Click);
-  On(btnReload.Click, &frmList::btnReload_Click);
-  On(btnSave.Click, &frmList::btnSave_Click);
-  On(btnSaveAsBackup.Click, &frmList::btnSaveAsBackup_Click);
-  On(btnLoadBackup.Click, &frmList::btnLoadBackup_Click);
-  On(btnUpdateList.Click, &frmList::btnUpdateList_Click);
-  On(btnClose.Click, &frmList::btnClose_Click);
-  On(lstBackups.DblClick, &frmList::lstBackups_DblClick);
-  On(btnLoad_Backup.Click, &frmList::btnLoad_Backup_Click);
-  On(btnCancel_Backup.Click, &frmList::btnCancel_Backup_Click);
-  On(btnDelete_Backup.Click, &frmList::btnDelete_Backup_Click);
 }
 
 void frmList::Layout(LayoutArea& area) {
