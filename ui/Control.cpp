@@ -1,6 +1,5 @@
 #include "ui/Control.h"
 
-#include <unordered_map>
 #include <utility>
 
 #include "core/RuntimeError.h"
@@ -13,9 +12,6 @@ namespace {
 bool KeyIsDown(int key) { return GetKeyState(key) < 0; }
 
 Control* focused = nullptr;
-
-// The controls by their windows.
-std::unordered_map<HWND, Control*> controlsByWindow;
 
 bool HasBorder(HWND window) {
   constexpr LONG kBorders = WS_BORDER | WS_DLGFRAME | WS_THICKFRAME | WS_HSCROLL | WS_VSCROLL;
@@ -73,15 +69,14 @@ void Control::CreateControl(ControlParent& parent, int id, const char* windowCla
       GetModuleHandleA(nullptr), nullptr);
   if (window == nullptr) throw RuntimeError(ErrorKind::OutOfMemory);
   window_ = window;
-  controlsByWindow[window] = this;
+  SetWindowLongPtrA(window, GWLP_USERDATA, reinterpret_cast<LONG_PTR>(this));
   classProc_.Precede(window, &WindowProc);
   hasTip_ = false;
   form_->Adopt(*this);
 }
 
 Control* Control::FromHandle(HWND window) {
-  const auto found = controlsByWindow.find(window);
-  return found == controlsByWindow.end() ? nullptr : found->second;
+  return reinterpret_cast<Control*>(GetWindowLongPtrA(window, GWLP_USERDATA));
 }
 
 LRESULT CALLBACK Control::WindowProc(HWND window, UINT message, WPARAM wParam,
@@ -95,7 +90,7 @@ LRESULT CALLBACK Control::WindowProc(HWND window, UINT message, WPARAM wParam,
 }
 
 void Control::WindowGone() {
-  controlsByWindow.erase(window_);
+  SetWindowLongPtrA(window_, GWLP_USERDATA, 0);
   focus::Forget(*this);
   if (form_ != nullptr) form_->Disown(*this);
   window_ = nullptr;

@@ -86,9 +86,6 @@ class Control {
   // Sets the font that the form made; the form keeps ownership.
   virtual void ApplyFont(HFONT font);
 
-  // The control whose window this is, or null.
-  static Control* FromHandle(HWND window);
-
   // Hands a WM_COMMAND or WM_NOTIFY that has come to the parent back to the control it comes from.
   // Gives back the control's answer, or nothing when it comes from none of ours.
   static std::optional<LRESULT> Reflect(UINT message, WPARAM wParam, LPARAM lParam);
@@ -110,6 +107,8 @@ class Control {
  private:
   static LRESULT CALLBACK WindowProc(HWND window, UINT message, WPARAM wParam,
                                      LPARAM lParam) noexcept;
+  // The control that a window of ours or of the system belongs to, or null.
+  static Control* FromHandle(HWND window);
   void RaiseKeyUp(KeyEvent& key);
   void WindowGone();
 
