@@ -38,7 +38,8 @@ std::vector<std::string> FieldsOf(const RecordList& list, int field) {
 void LookUp(benchmark::State& state, int field, const std::string& ending,
             std::string (*lookup)(std::string_view)) {
   LoadLists();
-  const RecordList& list = field == BoField::kClientCode ? BoList : IsinList;
+  const RecordList& list =
+      field == BoField::kClientCode ? static_cast<const RecordList&>(BoList) : IsinList;
   std::vector<std::string> texts = FieldsOf(list, field);
   for (std::string& text : texts) text += ending;
   std::size_t at = 0;
