@@ -1,10 +1,8 @@
 #include "core/masterlists/RecordIndex.h"
 
-#include <algorithm>
-#include <functional>
+#include <numeric>
 
 #include "core/text/Conversion.h"
-#include "core/text/Split.h"
 
 namespace tallyrun {
 
@@ -22,28 +20,58 @@ std::optional<int> EqualityIndex::Find(std::string_view text) const {
   return number ? std::optional(firstRecords_[*number]) : std::nullopt;
 }
 
-ContainingIndex::ContainingIndex(const RecordList& list, int field) {
+ContainingIndex::ContainingIndex(const RecordList& list, int field) : ContainingIndex() {
   for (int record = 1; record <= list.Count(); ++record) {
     if (list.FieldCount(record) < field) continue;
-    fields_ += kCellSeparator;
-    begins_.push_back(fields_.size());
     records_.push_back(record);
-    fields_ += ToLower(list.Field(record, field));
+    fields_.push_back(ToLower(list.Field(record, field)));
+  }
+  for (std::size_t entry = 0; entry < fields_.size(); ++entry) {
+    ForEachRun(entry, [this](std::size_t bucket) { ++bucketBegins_[bucket + 1]; });
+  }
+  std::partial_sum(bucketBegins_.begin(), bucketBegins_.end(), bucketBegins_.begin());
+  bucketEntries_.resize(bucketBegins_.back());
+  std::vector<std::uint32_t> ends(bucketBegins_.begin(), bucketBegins_.end() - 1);
+  for (std::size_t entry = 0; entry < fields_.size(); ++entry) {
+    ForEachRun(entry, [&](std::size_t bucket) {
+      bucketEntries_[ends[bucket]++] = static_cast<std::uint32_t>(entry);
+    });
   }
 }
 
-// One search over all fields at once: a field has no separator in it, so that a text without one
-// is found within a field only.
 std::optional<int> ContainingIndex::Find(std::string_view text) const {
-  if (records_.empty() || text.find(kCellSeparator) != text.npos) return std::nullopt;
-  if (text.empty()) return records_.front();
   const std::string wanted = ToLower(text);
-  const auto found = std::search(fields_.begin(), fields_.end(),
-                                 std::boyer_moore_horspool_searcher(wanted.begin(), wanted.end()));
-  if (found == fields_.end()) return std::nullopt;
-  const auto offset = static_cast<std::size_t>(found - fields_.begin());
-  const auto next = std::upper_bound(begins_.begin(), begins_.end(), offset);
-  return records_[static_cast<std::size_t>(next - begins_.begin()) - 1];
+  const auto isIn = [&](std::size_t entry) { return fields_[entry].find(wanted) != wanted.npos; };
+  if (wanted.size() < kRun) {
+    for (std::size_t entry = 0; entry < fields_.size(); ++entry) {
+      if (isIn(entry)) return records_[entry];
+    }
+    return std::nullopt;
+  }
+  const auto sizeOf = [this](std::size_t bucket) {
+    return bucketBegins_[bucket + 1] - bucketBegins_[bucket];
+  };
+  std::size_t rarest = BucketOf(wanted);
+  for (std::size_t at = 1; at + kRun <= wanted.size(); ++at) {
+    const std::size_t bucket = BucketOf(std::string_view(wanted).substr(at));
+    if (sizeOf(bucket) < sizeOf(rarest)) rarest = bucket;
+  }
+  for (std::uint32_t at = bucketBegins_[rarest]; at < bucketBegins_[rarest + 1]; ++at) {
+    if (isIn(bucketEntries_[at])) return records_[bucketEntries_[at]];
+  }
+  return std::nullopt;
+}
+
+std::size_t ContainingIndex::BucketOf(std::string_view run) {
+  std::uint32_t word = 0;
+  for (const char c : run.substr(0, kRun)) word = word << 8 | static_cast<unsigned char>(c);
+  return (word * 0x9E3779B1u) >> 16;
+}
+
+template <class Action>
+void ContainingIndex::ForEachRun(std::size_t entry, Action action) const {
+  const std::string_view field = fields_[entry];
+  for (std::size_t at = 0; at + kRun <= field.size(); ++at) action(BucketOf(field.substr(at)));
 }
 
 }  // namespace tallyrun

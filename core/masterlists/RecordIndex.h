@@ -4,6 +4,7 @@
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -31,7 +32,7 @@ class EqualityIndex {
 
 class ContainingIndex {
  public:
-  ContainingIndex() = default;
+  ContainingIndex() : bucketBegins_(kBuckets + 1) {}
   ContainingIndex(const RecordList& list, int field);
 
   // The first record whose field contains `text` in any letter case. An empty text is contained in
@@ -39,9 +40,20 @@ class ContainingIndex {
   std::optional<int> Find(std::string_view text) const;
 
  private:
-  std::string fields_;               // in lower case, each behind a cell separator
-  std::vector<std::size_t> begins_;  // of every field
-  std::vector<int> records_;
+  static constexpr std::size_t kRun = 4;  // characters
+  static constexpr std::size_t kBuckets = 1u << 16;
+
+  static std::size_t BucketOf(std::string_view run);
+  // Calls action(bucket) for every run of a field's characters.
+  template <class Action>
+  void ForEachRun(std::size_t entry, Action action) const;
+
+  std::vector<std::string> fields_;  // in lower case
+  std::vector<int> records_;         // of the fields
+  // Every kRun characters in a row put their field into the bucket of their hash, in order; a text
+  // can only be in the fields of any one of its own buckets.
+  std::vector<std::uint32_t> bucketBegins_;
+  std::vector<std::uint32_t> bucketEntries_;
 };
 
 }  // namespace tallyrun
